@@ -1,0 +1,20 @@
+#include "app/Help.h"
+
+#include "app/StringTable.h"
+
+std::wstring PathIn(const std::wstring& directory, const std::wstring& file) {
+    return directory.ends_with(L'\\') ? directory + file : directory + L"\\" + file;
+}
+
+std::wstring HelpFile(const Shell& shell) {
+    return PathIn(shell.ProgramDirectory(), L"QLBUTL.CHM");
+}
+
+bool ShowHelp(Shell& shell, TopLevelWindows& windows, const StringTable& texts, WindowId owner) {
+    const std::wstring title = texts.ResText(kTextTitle) + texts.ResText(kTextHelp);
+    if (const WindowId open = windows.Find(L"HH Parent", title); open != 0) {
+        windows.BringForward(open);
+        return true;
+    }
+    return shell.Open(HelpFile(shell), shell.ProgramDirectory(), owner);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Shell.h"
+#include "platform/TopLevelWindows.h"
+
+class StringTable;
+
+/// Directory and file name, joined by "\" unless the directory already ends with one.
+[[nodiscard]] std::wstring PathIn(const std::wstring& directory, const std::wstring& file);
+
+/// The help file beside the program.
+[[nodiscard]] std::wstring HelpFile(const Shell& shell);
+
+/// Brings the open help window forward, or opens the help file. False when neither could be done.
+bool ShowHelp(Shell& shell, TopLevelWindows& windows, const StringTable& texts, WindowId owner);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/TopLevelWindows.h"
+
+class StartUp;
+
+/// Tells the resident launcher, and the maker's TV application, about changed settings.
+class LauncherNotification {
+public:
+    explicit LauncherNotification(TopLevelWindows& windows) : windows_(windows) {}
+
+    /// Both reload the settings. Waits for the launcher, but not for one that has stopped answering. True when
+    /// the launcher runs.
+    bool NotifyLauncher();
+
+    /// Asks the launcher for the wizard's button, if the command line wanted that ("/ap"). True when it was
+    /// wanted and the launcher runs.
+    bool PostButtonToLauncher(const StartUp& startUp);
+
+private:
+    TopLevelWindows& windows_;
+};

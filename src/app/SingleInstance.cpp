@@ -1,0 +1,16 @@
+#include "app/SingleInstance.h"
+
+#include "app/StringTable.h"
+
+bool YieldToOtherInstance(InstanceGuard& guard, TopLevelWindows& windows, const StringTable& texts) {
+    if (!guard.AnotherInstanceRuns()) {
+        return false;
+    }
+    const std::wstring dialogTitle = texts.ResText(kTextTitle);
+    for (const std::wstring& title : {dialogTitle, dialogTitle + L" " + texts.ResText(kTextWizard)}) {
+        if (const WindowId window = windows.Find(kFormClass, title); window != 0) {
+            windows.BringForward(window);
+        }
+    }
+    return true;
+}

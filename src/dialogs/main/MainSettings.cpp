@@ -1,0 +1,96 @@
+#include "dialogs/main/MainSettings.h"
+
+#include "app/LauncherNotification.h"
+#include "settings/RegIniFunc.h"
+
+namespace {
+
+constexpr const wchar_t* kSection = L"KORVOQLB";
+
+} // namespace
+
+MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FontList& fonts)
+    : store_(store), launcher_(launcher), fonts_(fonts) {}
+
+void MainSettings::Load() {
+    switches_ = LoadMakerSwitches(store_);
+    currentPattern_ = store_.ReadCurrentPatternNumber();
+    defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
+    onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
+    unchangedOnScreen_ = onScreen_;
+    defaults_ = Patterns().LoadDefaultPattern();
+
+    const int count = store_.ReadPatternCount();
+    if (currentPattern_ > count) {
+        // A Pattern that no box could show would take edits that can't be found again.
+        currentPattern_ = 1;
+    }
+    LoadCurrentPattern();
+    patternNames_.clear();
+    for (int number = 1; number <= count; ++number) {
+        patternNames_.push_back(Patterns().LoadPatternName(number, defaults_));
+    }
+}
+
+void MainSettings::LoadCurrentPattern() {
+    working_ = Patterns().LoadPattern(currentPattern_, defaults_);
+    unchanged_ = working_;
+}
+
+std::vector<int> MainSettings::ButtonsOf(MainPage page) const {
+    std::vector<int> buttons;
+    if (page == MainPage::Desktop) {
+        for (int button = 1; button <= switches_.DesktopButtonCount(); ++button) {
+            buttons.push_back(button);
+        }
+    } else if (page == MainPage::Notebook) {
+        for (int button = kDesktopButtons + 1; button <= switches_.ButtonCount(); ++button) {
+            buttons.push_back(button);
+        }
+    }
+    return buttons;
+}
+
+ButtonPicture MainSettings::PictureOf(int button) {
+    return ButtonPictureIndex(working_, unchanged_, button);
+}
+
+void MainSettings::RestoreDefaults(MainPage page) {
+    if (page == MainPage::OnScreen) {
+        onScreen_ = defaultOnScreen_;
+    }
+    for (const int button : ButtonsOf(page)) {
+        working_.Btn(button) = defaults_.Btn(button);
+    }
+}
+
+bool MainSettings::PatternChanged() const {
+    return !PatternsEqual(working_, unchanged_, switches_.ButtonCount());
+}
+
+bool MainSettings::AnythingChanged() const {
+    return PatternChanged() || !OnScreenEqual(onScreen_, unchangedOnScreen_);
+}
+
+void MainSettings::WritePatternNumbers() {
+    store_.IniSetString(kSection, L"CurrUser", std::to_wstring(currentPattern_), store_.OwnIniFile());
+    store_.IniSetString(kSection, L"NumUser", std::to_wstring(patternNames_.size()), store_.OwnIniFile());
+}
+
+void MainSettings::Save() {
+    Patterns().SavePattern(currentPattern_, working_);
+    SaveOnScreen(store_, onScreen_);
+    unchanged_ = working_;
+    unchangedOnScreen_ = onScreen_;
+    launcher_.NotifyLauncher();
+}
+
+void MainSettings::SwitchPattern(int number, bool saveOld) {
+    if (saveOld) {
+        Patterns().SavePattern(currentPattern_, working_);
+    }
+    currentPattern_ = number;
+    store_.IniSetString(kSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());
+    LoadCurrentPattern();
+    launcher_.NotifyLauncher();
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "settings/MakerSwitches.h"
+#include "settings/OnScreenSettings.h"
+#include "settings/Pattern.h"
+#include "settings/PatternStore.h"
+
+#include <string>
+#include <vector>
+
+class FontList;
+class LauncherNotification;
+class RegIniFunc;
+
+/// Pages of the main dialog, as "/t:" numbers them.
+enum class MainPage { Desktop = 0, Notebook = 1, OnScreen = 2 };
+
+/// What the main dialog edits: a working copy of the current Pattern and of the on-screen settings, beside the
+/// copies that were last loaded or saved. Only Save, SwitchPattern and WritePatternNumbers touch the store.
+class MainSettings {
+public:
+    MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FontList& fonts);
+
+    /// Reads the maker's switches and all settings.
+    void Load();
+
+    [[nodiscard]] const MakerSwitches& Switches() const { return switches_; }
+    [[nodiscard]] const Pattern& Working() const { return working_; }
+    [[nodiscard]] const ButtonSlot& Slot(int button) const { return working_.Btn(button); }
+    [[nodiscard]] const OnScreenSettings& OnScreen() const { return onScreen_; }
+    [[nodiscard]] int CurrentPattern() const { return currentPattern_; } ///< 1-based
+    [[nodiscard]] const std::vector<std::wstring>& PatternNames() const { return patternNames_; }
+
+    /// Numbers (1...8) of the buttons that a button page shows; none for the on-screen page.
+    [[nodiscard]] std::vector<int> ButtonsOf(MainPage page) const;
+
+    /// ButtonPictureIndex of the working Pattern.
+    [[nodiscard]] ButtonPicture PictureOf(int button);
+
+    /// Takes the text as it is.
+    void SetButtonName(int button, const std::wstring& name) { working_.Btn(button).Name = name; }
+    void SetOnScreen(const OnScreenSettings& settings) { onScreen_ = settings; }
+
+    /// Nothing is saved.
+    void RestoreDefaults(MainPage page);
+
+    [[nodiscard]] bool PatternChanged() const;
+    [[nodiscard]] bool AnythingChanged() const;
+
+    /// Writes "CurrUser" and "NumUser".
+    void WritePatternNumbers();
+
+    /// Saves the Pattern and the on-screen settings and tells the launcher.
+    void Save();
+
+    /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the launcher
+    /// told. `saveOld` saves the working Pattern first; otherwise its changes are gone.
+    void SwitchPattern(int number, bool saveOld);
+
+private:
+    [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
+    void LoadCurrentPattern();
+
+    RegIniFunc& store_;
+    LauncherNotification& launcher_;
+    const FontList& fonts_;
+
+    MakerSwitches switches_;
+    int currentPattern_ = 1;
+    std::vector<std::wstring> patternNames_;
+    Pattern defaults_;
+    Pattern working_;
+    Pattern unchanged_;
+    OnScreenSettings defaultOnScreen_;
+    OnScreenSettings onScreen_;
+    OnScreenSettings unchangedOnScreen_;
+};

@@ -1,0 +1,127 @@
+#include "dialogs/main/OnScreenPage.h"
+
+#include "app/StringTable.h"
+#include "dialogs/main/EnumFont.h"
+#include "dialogs/main/MainSettings.h"
+#include "resources/resource.h"
+#include "settings/StdModule.h"
+#include "ui/Controls.h"
+#include "ui/DialogFont.h"
+#include "ui/Form.h"
+
+#include <commdlg.h>
+
+namespace {
+
+/// What the steps stand for in the preview, in points. The launcher sizes its own text.
+constexpr std::array kStepPoints{10, 14, 18, 24, 32};
+constexpr COLORREF kColorMask = 0x00FFFFFF;
+
+COLORREF TextColor(const OnScreenSettings& settings) {
+    return static_cast<COLORREF>(settings.Color) & kColorMask;
+}
+
+} // namespace
+
+OnScreenPage::OnScreenPage(const Form& form, MainSettings& settings, const FontList& fonts,
+                           const StringTable& texts)
+    : form_(form), settings_(settings), fonts_(fonts), texts_(texts) {
+    customColors_.fill(RGB(255, 255, 255));
+}
+
+void OnScreenPage::FillLists() {
+    const HWND faces = form_.Control(IDC_cmbFontName);
+    for (const std::wstring& face : fonts_.Faces()) {
+        ComboAdd(faces, face);
+    }
+    const HWND sizes = form_.Control(IDC_cmbFontSize);
+    for (int step = kSmallestFontStep; step <= kLargestFontStep; ++step) {
+        ComboAdd(sizes, texts_.ResText(kTextFontStep1 + step - kSmallestFontStep), step);
+    }
+}
+
+void OnScreenPage::Refresh() {
+    const OnScreenSettings& settings = settings_.OnScreen();
+    SendMessageW(form_.Control(IDC_chkOnScreen), BM_SETCHECK, settings.OnScreen != 0 ? BST_CHECKED : BST_UNCHECKED,
+                 0);
+    ComboSelect(form_.Control(IDC_cmbFontName), fonts_.IndexOf(settings.FontName));
+    ComboSelect(form_.Control(IDC_cmbFontSize), settings.FontSize - kSmallestFontStep);
+    EnableChoices();
+    RefreshPreview();
+}
+
+void OnScreenPage::EnableChoices() {
+    const BOOL enabled = settings_.OnScreen().OnScreen != 0 ? TRUE : FALSE;
+    for (const int id : {IDC_lblFontName, IDC_cmbFontName, IDC_lblFontSize, IDC_cmbFontSize, IDC_lblFontColor,
+                         IDC_CmdFontColor}) {
+        EnableWindow(form_.Control(id), enabled);
+    }
+}
+
+bool OnScreenPage::OnCommand(int id, int notification) {
+    OnScreenSettings settings = settings_.OnScreen();
+    switch (id) {
+    case IDC_chkOnScreen:
+        settings.OnScreen = SendMessageW(form_.Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED ? 1 : 0;
+        settings_.SetOnScreen(settings);
+        EnableChoices();
+        return true;
+    case IDC_cmbFontName:
+        if (const int face = ComboSelection(form_.Control(id)); notification == CBN_SELCHANGE && face >= 0) {
+            settings.FontName = fonts_.Faces().at(static_cast<std::size_t>(face));
+            settings_.SetOnScreen(settings);
+            RefreshPreview();
+        }
+        return true;
+    case IDC_cmbFontSize:
+        if (const int entry = ComboSelection(form_.Control(id)); notification == CBN_SELCHANGE && entry >= 0) {
+            settings.FontSize = static_cast<std::uint8_t>(ComboData(form_.Control(id), entry));
+            settings_.SetOnScreen(settings);
+            RefreshPreview();
+        }
+        return true;
+    case IDC_CmdFontColor:
+        ChooseTextColor();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void OnScreenPage::ChooseTextColor() {
+    OnScreenSettings settings = settings_.OnScreen();
+    CHOOSECOLORW choice{};
+    choice.lStructSize = sizeof choice;
+    choice.hwndOwner = form_.Window();
+    choice.rgbResult = TextColor(settings);
+    choice.lpCustColors = customColors_.data();
+    choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
+    if (ChooseColorW(&choice) != FALSE) {
+        settings.Color = static_cast<std::int32_t>(choice.rgbResult);
+        settings_.SetOnScreen(settings);
+        RefreshPreview();
+    }
+}
+
+void OnScreenPage::RefreshPreview() {
+    std::wstring sample = TrimBlanks(settings_.Slot(1).Name);
+    if (sample.empty()) {
+        sample = texts_.ResText(kTextPreview);
+    }
+    const HWND preview = form_.Control(IDC_picPreview);
+    SetTextOf(preview, sample);
+    InvalidateRect(preview, nullptr, FALSE);
+}
+
+void OnScreenPage::DrawPreview(const DRAWITEMSTRUCT& item) const {
+    const OnScreenSettings& settings = settings_.OnScreen();
+    const int points = kStepPoints.at(static_cast<std::size_t>(settings.FontSize - kSmallestFontStep));
+    const Font font = CreateFontOfPoints(settings.FontName, points, GetDpiForWindow(item.hwndItem));
+    const Selected selected(item.hDC, font.get());
+    RECT area = item.rcItem;
+    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_DESKTOP));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, TextColor(settings));
+    DrawTextW(item.hDC, TextOf(item.hwndItem).c_str(), -1, &area,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+}

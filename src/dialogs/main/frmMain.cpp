@@ -1,0 +1,296 @@
+#include "dialogs/main/frmMain.h"
+
+#include "app/Help.h"
+#include "platform/Platform.h"
+#include "resources/resource.h"
+#include "settings/GlobalValue.h"
+#include "ui/Controls.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <bit>
+
+namespace {
+
+constexpr UINT kSwitchPatternMessage = WM_APP + 1;
+
+StringTable TextsWithGlobalsReset(const StringSource& strings) {
+    ResetGlobals(strings);
+    return StringTable(strings);
+}
+
+bool IsOneOf(int id, int first, int count) {
+    return id >= first && id < first + count;
+}
+
+} // namespace
+
+frmMain::frmMain(const Platform& platform)
+    : platform_(platform), texts_(TextsWithGlobalsReset(platform.strings)),
+      store_(platform.registry, platform.profileFiles, platform.ansiText, Globals().IniFileName),
+      fonts_(Globals().DialogFontName), launcher_(platform.windows), settings_(store_, launcher_, fonts_),
+      onScreenPage_(*this, settings_, fonts_, texts_) {}
+
+bool frmMain::Load(std::wstring_view commandLine) {
+    if (!startUp_.ParseCommandLine(commandLine, store_, platform_.instanceGuard, platform_.windows, texts_)) {
+        return false;
+    }
+    if (Globals().WizardForButton) {
+        return false; // the wizard is not part of this version
+    }
+    fonts_.EnumerateFonts(platform_.fonts);
+    settings_.Load();
+    return CreateModeless(Globals().DialogFontName);
+}
+
+void frmMain::Show() {
+    int tabIndex = 0;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        if (static_cast<int>(pages_[i].kind) == startUp_.InitialPage) {
+            tabIndex = static_cast<int>(i);
+        }
+    }
+    SelectPage(tabIndex);
+    SetFocus(GetNextDlgTabItem(Window(), nullptr, FALSE));
+    ShowWindow(Window(), SW_SHOW);
+    SetForegroundWindow(Window());
+}
+
+void frmMain::OnDestroy() {
+    PostQuitMessage(0);
+}
+
+void frmMain::SelectPage(int tabIndex) {
+    SendMessageW(Control(IDC_tabContainer), TCM_SETCURSEL, static_cast<WPARAM>(tabIndex), 0);
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const bool selected = static_cast<int>(i) == tabIndex;
+        ShowWindow(pages_[i].window, selected ? SW_SHOW : SW_HIDE);
+        if (selected && pages_[i].kind == MainPage::OnScreen) {
+            onScreenPage_.RefreshPreview();
+        }
+    }
+}
+
+void frmMain::TurnPage(int step) {
+    const int count = static_cast<int>(pages_.size());
+    const auto current = static_cast<int>(SendMessageW(Control(IDC_tabContainer), TCM_GETCURSEL, 0, 0));
+    SelectPage((current + step + count) % count);
+    // The control that had the focus is hidden now.
+    SendMessageW(Window(), WM_NEXTDLGCTL,
+                 std::bit_cast<WPARAM>(GetNextDlgTabItem(Window(), nullptr, FALSE)), TRUE);
+}
+
+bool frmMain::OnKeyDown(WPARAM key) {
+    if (GetKeyState(VK_CONTROL) >= 0) {
+        return false;
+    }
+    switch (key) {
+    case VK_TAB:
+        TurnPage(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+        return true;
+    case VK_NEXT:
+        TurnPage(1);
+        return true;
+    case VK_PRIOR:
+        TurnPage(-1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void frmMain::FillPatternBoxes() {
+    for (const Page& page : pages_) {
+        if (page.kind == MainPage::OnScreen) {
+            continue;
+        }
+        const HWND box = Control(IDC_cmbUserName0 + static_cast<int>(page.kind));
+        SendMessageW(box, CB_RESETCONTENT, 0, 0);
+        for (const std::wstring& name : settings_.PatternNames()) {
+            ComboAdd(box, name);
+        }
+        ComboSelect(box, settings_.CurrentPattern() - 1);
+    }
+}
+
+void frmMain::ShowCurrentPattern() {
+    for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
+        if (HasControl(box)) {
+            ComboSelect(Control(box), settings_.CurrentPattern() - 1);
+        }
+    }
+    ShowButtons();
+}
+
+void frmMain::ShowButtons() {
+    for (const PlacedPicture& placed : pictures_) {
+        ShowButton(placed.button);
+    }
+}
+
+void frmMain::ShowButton(int button) {
+    filling_ = true;
+    SetTextOf(Control(IDC_txtButtonName0 + button - 1), settings_.Slot(button).Name);
+    filling_ = false;
+    ShowPictures({button});
+}
+
+void frmMain::ShowPictures(const std::vector<int>& buttons) {
+    for (const PlacedPicture& placed : pictures_) {
+        const int button = placed.button;
+        if (std::find(buttons.begin(), buttons.end(), button) == buttons.end()) {
+            continue;
+        }
+        const ButtonPicture picture = settings_.PictureOf(button);
+        const MakerSwitches& switches = settings_.Switches();
+        const PictureState rest{.pressed = false, .hovered = hover_.IsOver(button)};
+        const PictureState pressed{.pressed = true, .hovered = false};
+        placed.picture->Show(PictureNumber(switches, button, picture, rest),
+                             PictureNumber(switches, button, picture, pressed));
+    }
+}
+
+void frmMain::OnMouseOverPage() {
+    ShowPictures(hover_.MoveOff());
+}
+
+void frmMain::OnDrawItem(const DRAWITEMSTRUCT& item) {
+    if (item.CtlID == IDC_picPreview) {
+        onScreenPage_.DrawPreview(item);
+        return;
+    }
+    for (const PlacedPicture& placed : pictures_) {
+        if (IDC_picButton0 + placed.button - 1 == static_cast<int>(item.CtlID)) {
+            placed.picture->Draw(item);
+        }
+    }
+}
+
+void frmMain::OnNotify(const NMHDR& header) {
+    if (header.idFrom == IDC_tabContainer && header.code == TCN_SELCHANGE) {
+        SelectPage(static_cast<int>(SendMessageW(header.hwndFrom, TCM_GETCURSEL, 0, 0)));
+    }
+}
+
+void frmMain::OnCommand(int id, int notification) {
+    if (onScreenPage_.OnCommand(id, notification)) {
+        return;
+    }
+    if (IsOneOf(id, IDC_txtButtonName0, kMaxButtons)) {
+        if (notification == EN_CHANGE && !filling_) {
+            settings_.SetButtonName(id - IDC_txtButtonName0 + 1, TextOf(Control(id)));
+        }
+        return;
+    }
+    if (IsOneOf(id, IDC_cmbUserName0, 2)) {
+        ChoosePattern(id, notification);
+        return;
+    }
+    if (IsOneOf(id, IDC_cmdDefault0, 3)) {
+        RestoreDefaults(static_cast<MainPage>(id - IDC_cmdDefault0));
+        return;
+    }
+    switch (id) {
+    case IDC_cmdOK:
+        Ok();
+        break;
+    case IDC_cmdCancel:
+        Close();
+        break;
+    case IDC_cmdApply:
+        Apply();
+        break;
+    case IDC_cmdHelp:
+        Help();
+        break;
+    default:
+        break;
+    }
+}
+
+void frmMain::ChoosePattern(int box, int notification) {
+    const HWND combo = Control(box);
+    if (notification == CBN_SELENDCANCEL) {
+        ComboSelect(combo, settings_.CurrentPattern() - 1);
+        return;
+    }
+    // While the list is open, arrow keys only look; what counts is the entry it closes with.
+    const bool chosen = (notification == CBN_SELCHANGE && !ComboIsOpen(combo)) || notification == CBN_CLOSEUP;
+    if (chosen && !switchPending_) {
+        // The question box must not open inside the combo box's own work.
+        switchPending_ = PostMessageW(Window(), kSwitchPatternMessage, static_cast<WPARAM>(box), 0) != FALSE;
+    }
+}
+
+bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+    if (message != kSwitchPatternMessage) {
+        return false;
+    }
+    switchPending_ = false;
+    if (!HasControl(static_cast<int>(wParam))) {
+        return true;
+    }
+    const int number = ComboSelection(Control(static_cast<int>(wParam))) + 1;
+    if (number >= 1 && number != settings_.CurrentPattern()) {
+        SwitchToChosenPattern(number);
+    }
+    return true;
+}
+
+void frmMain::SwitchToChosenPattern(int number) {
+    const int answer = settings_.PatternChanged() ? AskToSave() : IDNO;
+    if (answer != IDCANCEL) {
+        settings_.SwitchPattern(number, answer == IDYES);
+    }
+    ShowCurrentPattern();
+}
+
+int frmMain::AskToSave() {
+    return Ask(texts_.ResText(kTextSettingsChanged), texts_.ResText(kTextUpdateUserData),
+               MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
+void frmMain::RestoreDefaults(MainPage page) {
+    settings_.RestoreDefaults(page);
+    if (page == MainPage::OnScreen) {
+        onScreenPage_.Refresh();
+    } else {
+        ShowButtons();
+    }
+}
+
+void frmMain::Ok() {
+    settings_.WritePatternNumbers();
+    if (settings_.AnythingChanged()) {
+        const int answer = AskToSave();
+        if (answer == IDCANCEL) {
+            return;
+        }
+        if (answer == IDYES) {
+            settings_.Save();
+        }
+    }
+    Close();
+}
+
+void frmMain::Apply() {
+    settings_.WritePatternNumbers();
+    settings_.Save();
+}
+
+bool frmMain::HasHelp() const {
+    return platform_.shell.FileExists(HelpFile(platform_.shell));
+}
+
+void frmMain::Help() {
+    if (!ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(Window()))) {
+        MessageBeep(MB_ICONWARNING);
+    }
+}
+
+void frmMain::OnHelpKey() {
+    if (HasHelp()) {
+        Help();
+    }
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "app/CommandLine.h"
+#include "app/LauncherNotification.h"
+#include "app/StringTable.h"
+#include "dialogs/main/ButtonPictures.h"
+#include "dialogs/main/EnumFont.h"
+#include "dialogs/main/MainSettings.h"
+#include "dialogs/main/OnScreenPage.h"
+#include "settings/RegIniFunc.h"
+#include "ui/Form.h"
+#include "ui/PictureButton.h"
+#include "ui/PictureList.h"
+
+#include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+struct Platform;
+
+/// The settings dialog: button pages and the on-screen page.
+class frmMain final : public Form {
+public:
+    explicit frmMain(const Platform& platform);
+
+    /// Start-up, and the hidden window. False: the program ends without a word.
+    [[nodiscard]] bool Load(std::wstring_view commandLine);
+    void Show();
+
+    /// The back end of the settings store: true for the ini file.
+    [[nodiscard]] bool IniFileExist() const { return store_.IniFileExist; }
+
+protected:
+    void OnCreate() override;
+    SIZE OnLayout() override;
+    void OnCommand(int id, int notification) override;
+    void OnNotify(const NMHDR& header) override;
+    void OnDrawItem(const DRAWITEMSTRUCT& item) override;
+    void OnMouseOverPage() override;
+    void OnHelpKey() override;
+    void OnDestroy() override;
+    bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool OnKeyDown(WPARAM key) override;
+
+private:
+    struct Page {
+        MainPage kind;
+        HWND window;
+    };
+    /// A picture and the point of its page, in dialog units, that its centre stands on.
+    struct PlacedPicture {
+        int button;
+        POINT centre;
+        std::unique_ptr<PictureButton> picture;
+    };
+
+    void CreateButtonPage(MainPage kind);
+    void CreateOnScreenPage();
+    void CreateDialogButtons();
+    void AddButton(HWND page, int button, int indexOnPage, const std::wstring& label);
+    void AddPageButton(HWND page, int id, int textOffset, const DluRect& place, bool enabled);
+    [[nodiscard]] int PageHeight() const;
+    void PlacePictures();
+
+    void FillPatternBoxes();
+    void ShowCurrentPattern();
+    void ShowButtons();
+    void ShowButton(int button);
+    void ShowPictures(const std::vector<int>& buttons);
+
+    void SelectPage(int tabIndex);
+    void TurnPage(int step);
+    void ChoosePattern(int box, int notification);
+    void SwitchToChosenPattern(int number);
+    void RestoreDefaults(MainPage page);
+    int AskToSave();
+    void Ok();
+    void Apply();
+    void Help();
+    [[nodiscard]] bool HasHelp() const;
+
+    const Platform& platform_;
+    StringTable texts_;
+    RegIniFunc store_;
+    FontList fonts_;
+    LauncherNotification launcher_;
+    MainSettings settings_;
+    StartUp startUp_;
+    OnScreenPage onScreenPage_;
+
+    PictureList imlResource_;
+    std::vector<Page> pages_;
+    std::vector<PlacedPicture> pictures_;
+    std::array<std::wstring, kMaxButtons> labels_;
+    ButtonHover hover_;
+    bool filling_ = false; ///< the form itself changes its controls
+    bool switchPending_ = false;
+};

@@ -1,0 +1,269 @@
+// How the main dialog is put together: its controls and where they stand.
+
+#include "dialogs/main/ButtonLabels.h"
+#include "dialogs/main/frmMain.h"
+#include "resources/resource.h"
+#include "ui/Controls.h"
+
+#include <commctrl.h>
+
+#include <bit>
+
+namespace {
+
+// Dialog units.
+constexpr int kMargin = 7;
+constexpr int kGap = 4;
+constexpr int kButtonHeight = 14;
+constexpr int kLabelHeight = 8;
+constexpr int kLabelDrop = 3; ///< brings a label to the text line of the box beside it
+constexpr int kComboDropHeight = 130;
+
+constexpr int kColumnWidth = 58;
+constexpr int kFrameInset = 6;
+constexpr int kContentWidth = kDesktopButtons * kColumnWidth + 2 * kFrameInset;
+constexpr int kPageWidth = kContentWidth + 2 * kMargin;
+constexpr int kPageButtonWidth = 92;
+
+constexpr int kFrameTop = kMargin + kButtonHeight + kGap;
+constexpr int kPictureHeight = 36; ///< of its cell; the picture itself has whole pixels
+constexpr int kRowFrameHeight = 84;
+constexpr int kColumnRowHeight = 42;
+
+constexpr int kDialogButtonWidth = 54;
+
+constexpr DWORD kTabStop = WS_TABSTOP;
+constexpr DWORD kGroup = WS_GROUP;
+
+int FrameHeight(const MakerSwitches& switches) {
+    return switches.NR1t2 == 1 ? switches.DesktopButtonCount() * kColumnRowHeight + 2 * kFrameInset
+                               : kRowFrameHeight;
+}
+
+/// Where one button's parts stand on its page.
+struct ButtonPlaces {
+    POINT pictureCentre;
+    DluRect label;
+    DWORD labelAlignment;
+    DluRect name;
+};
+
+/// The keyboard's buttons stand side by side, as their pictures do.
+ButtonPlaces PlaceInRow(int index) {
+    const int left = kMargin + kFrameInset + index * kColumnWidth;
+    const int top = kFrameTop + kFrameInset + kGap;
+    const int labelTop = top + kPictureHeight + kGap;
+    constexpr int kInset = 2;
+    return {{left + kColumnWidth / 2, top + kPictureHeight / 2},
+            {left + kInset, labelTop, kColumnWidth - 2 * kInset, kLabelHeight},
+            SS_CENTER,
+            {left + kInset, labelTop + kLabelHeight + 2, kColumnWidth - 2 * kInset, kButtonHeight}};
+}
+
+ButtonPlaces PlaceInColumn(int index) {
+    constexpr int kLabelWidth = 70;
+    const int left = kMargin + kFrameInset + kGap;
+    const int top = kFrameTop + kFrameInset + index * kColumnRowHeight;
+    const int middle = top + kColumnRowHeight / 2;
+    const int labelLeft = left + kPictureHeight + 2 * kGap;
+    const int nameLeft = labelLeft + kLabelWidth;
+    return {{left + kPictureHeight / 2, middle},
+            {labelLeft, middle - kLabelHeight / 2, kLabelWidth - kGap, kLabelHeight},
+            SS_LEFT,
+            {nameLeft, middle - kButtonHeight / 2, kMargin + kContentWidth - kFrameInset - kGap - nameLeft,
+             kButtonHeight}};
+}
+
+} // namespace
+
+int frmMain::PageHeight() const {
+    return kFrameTop + FrameHeight(settings_.Switches()) + kMargin + kButtonHeight + kMargin;
+}
+
+void frmMain::OnCreate() {
+    SetWindowLongPtrW(Window(), GWL_STYLE, GetWindowLongPtrW(Window(), GWL_STYLE) | WS_MINIMIZEBOX);
+    SetTextOf(Window(), texts_.ResText(kTextTitle));
+    labels_ = ButtonLabels(store_, texts_, settings_.Switches());
+    imlResource_.Load(PictureNames(settings_.Switches()));
+
+    // Pages come before the tab control in the order of windows: they lie on top of it.
+    CreateButtonPage(MainPage::Desktop);
+    if (settings_.Switches().ShowNTTab) {
+        CreateButtonPage(MainPage::Notebook);
+    }
+    CreateOnScreenPage();
+    CreateDialogButtons();
+    const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}});
+    const auto captions = PageCaptions(store_, texts_);
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        std::wstring caption = captions.at(static_cast<std::size_t>(pages_[i].kind));
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = caption.data();
+        SendMessageW(tab, TCM_INSERTITEMW, i, std::bit_cast<LPARAM>(&item));
+    }
+    ShowCurrentPattern();
+    FillPatternBoxes();
+    onScreenPage_.FillLists();
+    onScreenPage_.Refresh();
+}
+
+void frmMain::CreateButtonPage(MainPage kind) {
+    const HWND page = AddPage();
+    const int index = static_cast<int>(kind);
+    pages_.push_back({kind, page});
+
+    constexpr int kNameLabelWidth = 66;
+    const int managerLeft = kPageWidth - kMargin - kPageButtonWidth;
+    const int comboLeft = kMargin + kNameLabelWidth;
+    AddControl(page,
+               {IDC_lblUserName0 + index, WC_STATICW, SS_LEFT,
+                {kMargin, kMargin + kLabelDrop, kNameLabelWidth - kGap, kLabelHeight}},
+               texts_.ResText(kTextPatternName));
+    AddControl(page, {IDC_cmbUserName0 + index, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      {comboLeft, kMargin, managerLeft - kGap - comboLeft, kComboDropHeight}});
+    AddPageButton(page, IDC_cmdUserManager0 + index, kTextSettingManager,
+                  {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, false);
+
+    int indexOnPage = 0;
+    for (const int button : settings_.ButtonsOf(kind)) {
+        AddButton(page, button, indexOnPage++, labels_.at(static_cast<std::size_t>(button) - 1));
+    }
+    // Behind its pictures in the order of windows, as the frame is drawn around them.
+    AddControl(page, {IDC_fraButtonSet0 + index, WC_BUTTONW, BS_GROUPBOX,
+                      {kMargin, kFrameTop, kContentWidth, FrameHeight(settings_.Switches())}});
+
+    const int bottom = PageHeight() - kMargin - kButtonHeight;
+    AddPageButton(page, IDC_cmdWizard0 + index, kTextWizardButton, {kMargin, bottom, kPageButtonWidth, kButtonHeight},
+                  false);
+    AddPageButton(page, IDC_cmdDefault0 + index, kTextDefault,
+                  {managerLeft, bottom, kPageButtonWidth, kButtonHeight}, true);
+}
+
+void frmMain::AddPageButton(HWND page, int id, int textOffset, const DluRect& place, bool enabled) {
+    const HWND button =
+        AddControl(page, {id, WC_BUTTONW, BS_PUSHBUTTON | kTabStop | kGroup, place}, texts_.ResText(textOffset));
+    EnableWindow(button, enabled ? TRUE : FALSE);
+}
+
+void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstring& label) {
+    const int index = button - 1;
+    const ButtonPlaces places =
+        settings_.Switches().NR1t2 == 1 ? PlaceInColumn(indexOnPage) : PlaceInRow(indexOnPage);
+    const HWND picture =
+        AddControl(page, {IDC_picButton0 + index, WC_BUTTONW, BS_OWNERDRAW | kTabStop | kGroup, {}}, label);
+    pictures_.push_back({button, places.pictureCentre,
+                         std::make_unique<PictureButton>(
+                             picture, imlResource_,
+                             PictureButton::MouseEvents{[this, button] { ShowPictures(hover_.MoveOver(button)); },
+                                                        [this] { ShowPictures(hover_.MoveOff()); }})});
+    AddControl(page,
+               {IDC_lblButtonName0 + index, WC_STATICW, places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS,
+                places.label},
+               label);
+    AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW, ES_AUTOHSCROLL | kTabStop, places.name,
+                      WS_EX_CLIENTEDGE});
+}
+
+void frmMain::CreateOnScreenPage() {
+    const HWND page = AddPage();
+    pages_.push_back({MainPage::OnScreen, page});
+
+    constexpr int kCheckHeight = 10;
+    constexpr int kInset = kFrameInset + kGap;
+    constexpr int kFaceWidth = 130;
+    constexpr int kSizeWidth = 70;
+    constexpr int kSelectWidth = 66;
+    constexpr int kRowFrame = 40;
+    const int frameTop = kMargin + kCheckHeight + kGap;
+    const int labelTop = frameTop + kFrameInset + kGap;
+    const int boxTop = labelTop + kLabelHeight + 2;
+    const int faceLeft = kMargin + kInset;
+    const int sizeLeft = faceLeft + kFaceWidth + kInset;
+    const int colorLeft = sizeLeft + kSizeWidth + kInset;
+    const int previewLabelTop = frameTop + kRowFrame + kMargin;
+    const int previewTop = previewLabelTop + kLabelHeight + 2;
+    const int bottom = PageHeight() - kMargin - kButtonHeight;
+
+    AddControl(page,
+               {IDC_chkOnScreen, WC_BUTTONW, BS_AUTOCHECKBOX | kTabStop,
+                {kMargin, kMargin, kContentWidth, kCheckHeight}},
+               texts_.ResText(kTextDisplayOnScreen));
+    const auto addLabel = [&](int id, int textOffset, int left, int top, int width) {
+        AddControl(page, {id, WC_STATICW, SS_LEFT, {left, top, width, kLabelHeight}}, texts_.ResText(textOffset));
+    };
+    addLabel(IDC_lblFontName, kTextFont, faceLeft, labelTop, kFaceWidth);
+    AddControl(page, {IDC_cmbFontName, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      {faceLeft, boxTop, kFaceWidth, kComboDropHeight}});
+    addLabel(IDC_lblFontSize, kTextSize, sizeLeft, labelTop, kSizeWidth);
+    AddControl(page, {IDC_cmbFontSize, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      {sizeLeft, boxTop, kSizeWidth, kComboDropHeight}});
+    addLabel(IDC_lblFontColor, kTextColor, colorLeft, labelTop, kSelectWidth);
+    AddPageButton(page, IDC_CmdFontColor, kTextSelect, {colorLeft, boxTop, kSelectWidth, kButtonHeight}, true);
+    AddControl(page, {IDC_fraOnScreen, WC_BUTTONW, BS_GROUPBOX, {kMargin, frameTop, kContentWidth, kRowFrame}});
+
+    addLabel(IDC_lblPreview, kTextPreview, kMargin, previewLabelTop, kContentWidth);
+    AddControl(page, {IDC_picPreview, WC_STATICW, SS_OWNERDRAW,
+                      {kMargin, previewTop, kContentWidth, bottom - kMargin - previewTop}});
+    AddPageButton(page, IDC_cmdDefault2, kTextDefault,
+                  {kPageWidth - kMargin - kPageButtonWidth, bottom, kPageButtonWidth, kButtonHeight}, true);
+}
+
+void frmMain::CreateDialogButtons() {
+    const auto add = [this](int id, int textOffset, DWORD style) {
+        return AddControl(Window(), {id, WC_BUTTONW, style | kTabStop | kGroup, {}}, texts_.ResText(textOffset));
+    };
+    add(IDC_cmdOK, kTextOk, BS_DEFPUSHBUTTON);
+    add(IDC_cmdCancel, kTextCancel, BS_PUSHBUTTON);
+    add(IDC_cmdApply, kTextApply, BS_PUSHBUTTON);
+    EnableWindow(add(IDC_cmdPrint, kTextPrint, BS_PUSHBUTTON), FALSE);
+    const HWND help = add(IDC_cmdHelp, kTextHelpButton, BS_PUSHBUTTON);
+    EnableWindow(help, HasHelp() ? TRUE : FALSE);
+}
+
+SIZE frmMain::OnLayout() {
+    const DialogFont& font = TextFont();
+    const int margin = font.PixelsX(kMargin);
+    const RECT page{0, 0, font.PixelsX(kPageWidth), font.PixelsY(PageHeight())};
+    RECT tab = page;
+    SendMessageW(Control(IDC_tabContainer), TCM_ADJUSTRECT, TRUE, std::bit_cast<LPARAM>(&tab));
+    const SIZE tabSize{tab.right - tab.left, tab.bottom - tab.top};
+    constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
+    SetWindowPos(Control(IDC_tabContainer), nullptr, margin, margin, tabSize.cx, tabSize.cy, kFlags);
+    for (const Page& each : pages_) {
+        SetWindowPos(each.window, nullptr, margin - tab.left, margin - tab.top, page.right, page.bottom, kFlags);
+    }
+    PlacePictures();
+
+    const int width = font.PixelsX(kDialogButtonWidth);
+    const int height = font.PixelsY(kButtonHeight);
+    const int step = width + font.PixelsX(kGap);
+    const int top = margin + tabSize.cy + margin;
+    const int right = margin + tabSize.cx;
+    const auto place = [&](int id, int left) {
+        SetWindowPos(Control(id), nullptr, left, top, width, height, kFlags);
+    };
+    place(IDC_cmdApply, right - width);
+    place(IDC_cmdCancel, right - width - step);
+    place(IDC_cmdOK, right - width - 2 * step);
+    place(IDC_cmdHelp, margin);
+    place(IDC_cmdPrint, margin + step);
+    return {right + margin, top + height + margin};
+}
+
+void frmMain::PlacePictures() {
+    // Twips of this form: 15 to a device pixel at every scaling, so that rounding never cuts a picture.
+    constexpr double kTwipsPerPixel = 15;
+    const int size = PictureButton::SizeFor(Dpi());
+    const int lastRound = LastRoundPicture(settings_.Switches());
+    for (const PlacedPicture& placed : pictures_) {
+        const HWND picture = Control(IDC_picButton0 + placed.button - 1);
+        SetWindowPos(picture, nullptr, TextFont().PixelsX(placed.centre.x) - size / 2,
+                     TextFont().PixelsY(placed.centre.y) - size / 2, size, size, SWP_NOZORDER | SWP_NOACTIVATE);
+        if (placed.button - 1 <= lastRound) {
+            const int region = RoundRegionPixels(size * kTwipsPerPixel, kTwipsPerPixel);
+            // The window owns the region from here on.
+            SetWindowRgn(picture, CreateEllipticRgn(0, 0, region, region), TRUE);
+        }
+    }
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+enum class RegistryHive { LocalMachine, CurrentUser };
+
+/// Value types as Windows numbers them (REG_SZ, REG_DWORD).
+inline constexpr std::uint32_t kRegistryString = 1;
+inline constexpr std::uint32_t kRegistryDword = 4;
+
+/// A stored value as the system hands it out. Text is in bytes of the ANSI code page; nothing
+/// promises that it ends with a NUL, or that `type` fits the bytes.
+struct RegistryValue {
+    std::uint32_t type = 0;
+    std::string bytes;
+};
+
+/// The Windows registry. Every call opens the key, makes its one access and closes the key.
+class Registry {
+public:
+    virtual ~Registry() = default;
+
+    /// RegQueryValueExA. Empty when the key or the value is missing or can't be read.
+    [[nodiscard]] virtual std::optional<RegistryValue> Query(RegistryHive hive, const std::wstring& path,
+                                                             const std::wstring& name) const = 0;
+
+    /// RegCreateKeyA and RegSetValueExA; creates missing keys. False when the system refuses.
+    virtual bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                     const RegistryValue& value) = 0;
+};

@@ -1,0 +1,27 @@
+#include "platform/windows/Ansi.h"
+
+#include <windows.h>
+
+std::string ToAnsi(std::wstring_view text) {
+    if (text.empty()) {
+        return {};
+    }
+    const int length = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    const int written = WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(written));
+    return bytes;
+}
+
+std::wstring FromAnsi(std::string_view bytes) {
+    if (bytes.empty()) {
+        return {};
+    }
+    const int length = static_cast<int>(bytes.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    std::wstring text(static_cast<std::size_t>(size), L'\0');
+    const int written = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), size);
+    text.resize(static_cast<std::size_t>(written));
+    return text;
+}

@@ -1,0 +1,64 @@
+#include "platform/windows/WindowsRegistry.h"
+
+#include "platform/windows/Ansi.h"
+
+#include <windows.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace {
+
+struct KeyCloser {
+    void operator()(HKEY key) const { RegCloseKey(key); }
+};
+using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+
+HKEY HiveHandle(RegistryHive hive) {
+    return hive == RegistryHive::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+} // namespace
+
+std::optional<RegistryValue> WindowsRegistry::Query(RegistryHive hive, const std::wstring& path,
+                                                    const std::wstring& name) const {
+    HKEY opened = nullptr;
+    if (RegOpenKeyExA(HiveHandle(hive), ToAnsi(path).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    const Key key(opened);
+    const std::string valueName = ToAnsi(name);
+    // Nearly every value fits here at the first call; a longer one is asked for again until another program
+    // stops growing it.
+    constexpr std::size_t kUsualSize = 256;
+    RegistryValue value;
+    value.bytes.resize(kUsualSize);
+    for (;;) {
+        DWORD type = 0;
+        DWORD size = static_cast<DWORD>(value.bytes.size());
+        const LSTATUS status =
+            RegQueryValueExA(key.get(), valueName.c_str(), nullptr, &type,
+                             static_cast<BYTE*>(static_cast<void*>(value.bytes.data())), &size);
+        if (status == ERROR_SUCCESS) {
+            value.type = type;
+            value.bytes.resize(size);
+            return value;
+        }
+        if (status != ERROR_MORE_DATA || size <= value.bytes.size()) {
+            return std::nullopt;
+        }
+        value.bytes.resize(size);
+    }
+}
+
+bool WindowsRegistry::Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                          const RegistryValue& value) {
+    HKEY opened = nullptr;
+    if (RegCreateKeyA(HiveHandle(hive), ToAnsi(path).c_str(), &opened) != ERROR_SUCCESS) {
+        return false;
+    }
+    const Key key(opened);
+    return RegSetValueExA(key.get(), ToAnsi(name).c_str(), 0, value.type,
+                          static_cast<const BYTE*>(static_cast<const void*>(value.bytes.data())),
+                          static_cast<DWORD>(value.bytes.size())) == ERROR_SUCCESS;
+}

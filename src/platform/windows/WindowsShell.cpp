@@ -1,0 +1,38 @@
+#include "platform/windows/WindowsShell.h"
+
+#include "platform/windows/Ansi.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <bit>
+
+std::wstring WindowsShell::ProgramDirectory() const {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2);
+    }
+    const std::size_t separator = path.rfind(L'\\');
+    if (separator == std::wstring::npos) {
+        return {};
+    }
+    const bool driveRoot = separator > 0 && path[separator - 1] == L':';
+    return path.substr(0, driveRoot ? separator + 1 : separator);
+}
+
+bool WindowsShell::FileExists(const std::wstring& path) const {
+    return GetFileAttributesA(ToAnsi(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
+    constexpr std::intptr_t kLastErrorCode = 32;
+    const HINSTANCE result = ShellExecuteA(std::bit_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
+                                           ToAnsi(workingDirectory).c_str(), SW_SHOWNORMAL);
+    return std::bit_cast<std::intptr_t>(result) > kLastErrorCode;
+}

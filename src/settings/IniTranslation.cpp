@@ -1,0 +1,82 @@
+#include "settings/IniTranslation.h"
+
+#include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
+
+namespace {
+
+std::wstring ProductValueName(const std::wstring& key) {
+    if (key == L"QLBKeyboard") {
+        return L"QLBB";
+    }
+    if (key == L"CurrUser") {
+        return L"CurrSetting";
+    }
+    if (key == L"NumUser") {
+        return L"NumSetting";
+    }
+    return key;
+}
+
+RegistryPlace OnScreenPlace(const std::wstring& key) {
+    const std::wstring path = std::wstring(kProductKey) + L"\\OnScreen";
+    if (key == L"FontName") {
+        return {path, L"FontFace", false};
+    }
+    if (key == L"FontSize") {
+        return {path, L"size", true};
+    }
+    if (key == L"DelayTime") {
+        return {path, L"Time", true};
+    }
+    return {path, key, true};
+}
+
+/// Button and program numbers are one character each in the ini-style names.
+std::wstring DigitText(const std::wstring& key, std::size_t pos) {
+    return std::to_wstring(pos < key.size() ? LeadingNumber(key.substr(pos, 1)) : 0);
+}
+
+RegistryPlace PatternPlace(const std::wstring& section, const std::wstring& key) {
+    constexpr std::size_t kNumberPos = 4;
+    constexpr std::size_t kButtonPos = 3;
+    const std::int32_t pattern = section.size() > kNumberPos ? LeadingNumber(section.substr(kNumberPos)) : 0;
+    RegistryPlace place{std::wstring(kProductKey) + L"\\Setting\\Set" + std::to_wstring(pattern), L"", false};
+    if (key == L"UserName") {
+        place.name = L"SetName";
+        return place;
+    }
+    if (!ContainsIgnoreCase(key, L"Btn")) {
+        return place;
+    }
+    place.path += L"\\AppKey" + DigitText(key, kButtonPos);
+    const std::wstring program = DigitText(key, key.size() - 1);
+    if (ContainsIgnoreCase(key, L"_Name")) {
+        place.name = L"DispTitle";
+    } else if (ContainsIgnoreCase(key, L"_Exec")) {
+        place.name = L"Execute";
+    } else if (ContainsIgnoreCase(key, L"_NumAP")) {
+        place.name = L"NumAP";
+        place.isNumber = true;
+    } else if (ContainsIgnoreCase(key, L"_AP")) {
+        place.name = L"AP" + program;
+    } else if (ContainsIgnoreCase(key, L"_Title")) {
+        place.name = L"ProgName" + program;
+    }
+    return place;
+}
+
+} // namespace
+
+std::optional<RegistryPlace> TranslateIniName(const std::wstring& section, const std::wstring& key) {
+    if (section == L"KORVOQLB") {
+        return RegistryPlace{kProductKey, ProductValueName(key), true};
+    }
+    if (section == L"ONSCREEN") {
+        return OnScreenPlace(key);
+    }
+    if (ContainsIgnoreCase(section, L"USER")) {
+        return PatternPlace(section, key);
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,124 @@
+#include "settings/RegIniFunc.h"
+
+#include "settings/IniTranslation.h"
+#include "settings/StdModule.h"
+
+#include <cstring>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t kRegistryBufferBytes = 2048;
+constexpr std::size_t kProfileBufferBytes = 512;
+constexpr std::int32_t kMaxPatterns = 10;
+
+/// A cut inside a double-byte character leaves a lead byte that would read as another character.
+std::wstring DecodeCut(const AnsiText& ansiText, std::string_view bytes) {
+    if (bytes.size() <= kRegistryBufferBytes) {
+        return ansiText.Decode(bytes);
+    }
+    const std::string_view cut = bytes.substr(0, kRegistryBufferBytes);
+    std::wstring text = ansiText.Decode(cut);
+    if (ansiText.Encode(text) == cut) {
+        return text;
+    }
+    return ansiText.Decode(cut.substr(0, cut.size() - 1));
+}
+
+} // namespace
+
+RegIniFunc::RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText,
+                       std::wstring ownIniFile)
+    : registry_(registry), profileFiles_(profileFiles), ansiText_(ansiText), ownIniFile_(std::move(ownIniFile)) {}
+
+std::int32_t RegIniFunc::RegGetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                                     std::int32_t fallback) const {
+    const auto value = registry_.Query(hive, path, name);
+    std::int32_t number = 0;
+    if (!value || value->bytes.size() != sizeof number) {
+        return fallback;
+    }
+    std::memcpy(&number, value->bytes.data(), sizeof number);
+    return number;
+}
+
+std::wstring RegIniFunc::RegGetString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                                      const std::wstring& fallback) const {
+    const auto value = registry_.Query(hive, path, name);
+    if (!value) {
+        return fallback;
+    }
+    const std::string_view bytes = value->bytes;
+    return DecodeCut(ansiText_, bytes.substr(0, bytes.find('\0')));
+}
+
+bool RegIniFunc::RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                             std::int32_t value) {
+    std::string bytes(sizeof value, '\0');
+    std::memcpy(bytes.data(), &value, sizeof value);
+    return registry_.Set(hive, path, name, {kRegistryDword, std::move(bytes)});
+}
+
+bool RegIniFunc::RegSetString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                              std::wstring_view value) {
+    std::string bytes = ansiText_.Encode(CutAtNul(value));
+    if (bytes.empty()) {
+        bytes.push_back('\0');
+    }
+    bytes.push_back('\0');
+    return registry_.Set(hive, path, name, {kRegistryString, std::move(bytes)});
+}
+
+bool RegIniFunc::GoesToFile(const std::wstring& file) const {
+    return file != ownIniFile_ || IniFileExist;
+}
+
+std::wstring RegIniFunc::IniGetString(const std::wstring& section, const std::wstring& key,
+                                      const std::wstring& fallback, const std::wstring& file) const {
+    if (GoesToFile(file)) {
+        return CutAtNul(profileFiles_.GetString(section, key, fallback, file, kProfileBufferBytes));
+    }
+    const auto place = TranslateIniName(section, key);
+    if (!place) {
+        return {};
+    }
+    if (!place->isNumber) {
+        return RegGetString(RegistryHive::CurrentUser, place->path, place->name, fallback);
+    }
+    const auto fallbackNumber = NumberFromText(fallback);
+    const std::int32_t number =
+        RegGetDword(RegistryHive::CurrentUser, place->path, place->name, fallbackNumber.value_or(0));
+    return std::to_wstring(number);
+}
+
+std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstring& key, std::int32_t fallback,
+                                   const std::wstring& file) const {
+    if (GoesToFile(file)) {
+        return profileFiles_.GetInt(section, key, fallback, file);
+    }
+    return LeadingNumber(IniGetString(section, key, std::to_wstring(fallback), file));
+}
+
+bool RegIniFunc::IniSetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
+                              const std::wstring& file) {
+    if (GoesToFile(file)) {
+        return profileFiles_.SetString(section, key, value, file);
+    }
+    const auto place = TranslateIniName(section, key);
+    if (!place) {
+        return false;
+    }
+    if (!place->isNumber) {
+        return RegSetString(RegistryHive::CurrentUser, place->path, place->name, value);
+    }
+    const auto number = NumberFromText(value);
+    return number && RegSetDword(RegistryHive::CurrentUser, place->path, place->name, *number);
+}
+
+std::int32_t RegIniFunc::ReadCurrentPatternNumber() const {
+    return NumberInRangeOr(IniGetString(L"KORVOQLB", L"CurrUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
+}
+
+std::int32_t RegIniFunc::ReadPatternCount() const {
+    return NumberInRangeOr(IniGetString(L"KORVOQLB", L"NumUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
+}

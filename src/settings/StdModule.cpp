@@ -1,0 +1,153 @@
+#include "settings/StdModule.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+constexpr std::int64_t kMaxNumber = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kMinNumber = std::numeric_limits<std::int32_t>::min();
+
+bool IsDigit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+struct ScannedNumber {
+    std::int64_t value = 0;   ///< kept at the limits of 32 signed bits
+    std::size_t length = 0;   ///< characters used; 0 when there is no digit
+    bool outOfRange = false;
+};
+
+ScannedNumber ScanNumber(std::wstring_view text) {
+    std::size_t pos = 0;
+    bool negative = false;
+    if (!text.empty() && (text[0] == L'+' || text[0] == L'-')) {
+        negative = text[0] == L'-';
+        pos = 1;
+    }
+    if (pos >= text.size() || !IsDigit(text[pos])) {
+        return {};
+    }
+    ScannedNumber result;
+    for (; pos < text.size() && IsDigit(text[pos]); ++pos) {
+        const std::int64_t digit = text[pos] - L'0';
+        result.value = result.value * 10 + (negative ? -digit : digit);
+        if (result.value > kMaxNumber || result.value < kMinNumber) {
+            result.value = std::clamp(result.value, kMinNumber, kMaxNumber);
+            result.outOfRange = true;
+        }
+    }
+    result.length = pos;
+    return result;
+}
+
+/// Pairs of neighbouring code points (upper even or odd) make up most of the extended Latin and Cyrillic blocks.
+wchar_t FoldPair(wchar_t c, bool upperIsOdd) {
+    const bool odd = (static_cast<std::uint32_t>(c) & 1U) != 0;
+    return odd == upperIsOdd ? static_cast<wchar_t>(c + 1) : c;
+}
+
+bool Within(wchar_t c, wchar_t first, wchar_t last) {
+    return c >= first && c <= last;
+}
+
+wchar_t FoldCase(wchar_t c) {
+    if (c < 0x80) {
+        return Within(c, L'A', L'Z') ? static_cast<wchar_t>(c + 0x20) : c;
+    }
+    if (Within(c, 0xC0, 0xDE) && c != 0xD7) {
+        return static_cast<wchar_t>(c + 0x20);
+    }
+    if (Within(c, 0x100, 0x137) && c != 0x130 && c != 0x131) {
+        return FoldPair(c, false);
+    }
+    if (Within(c, 0x139, 0x148) || Within(c, 0x179, 0x17E)) {
+        return FoldPair(c, true);
+    }
+    if (Within(c, 0x14A, 0x177)) {
+        return FoldPair(c, false);
+    }
+    if (c == 0x178) {
+        return 0xFF;
+    }
+    if (Within(c, 0x391, 0x3AB) && c != 0x3A2) {
+        return static_cast<wchar_t>(c + 0x20);
+    }
+    if (Within(c, 0x400, 0x40F)) {
+        return static_cast<wchar_t>(c + 0x50);
+    }
+    if (Within(c, 0x410, 0x42F)) {
+        return static_cast<wchar_t>(c + 0x20);
+    }
+    if (Within(c, 0x460, 0x481) || Within(c, 0x48A, 0x4BF)) {
+        return FoldPair(c, false);
+    }
+    if (Within(c, 0xFF21, 0xFF3A)) {
+        return static_cast<wchar_t>(c + 0x20);
+    }
+    return c;
+}
+
+bool SameFolded(wchar_t a, wchar_t b) {
+    return FoldCase(a) == FoldCase(b);
+}
+
+} // namespace
+
+std::pair<std::wstring, std::wstring> SplitAtBar(std::wstring_view text) {
+    const std::size_t bar = text.find(L'|');
+    if (bar == std::wstring_view::npos) {
+        return {std::wstring(text), std::wstring()};
+    }
+    return {std::wstring(text.substr(0, bar)), std::wstring(text.substr(bar + 1))};
+}
+
+std::wstring CutAtNul(std::wstring_view text) {
+    return std::wstring(text.substr(0, text.find(L'\0')));
+}
+
+std::wstring TrimBlanks(std::wstring_view text) {
+    const std::size_t first = text.find_first_not_of(L' ');
+    if (first == std::wstring_view::npos) {
+        return {};
+    }
+    return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
+}
+
+std::optional<std::int32_t> NumberFromText(std::wstring_view text) {
+    const std::wstring trimmed = TrimBlanks(text);
+    const ScannedNumber number = ScanNumber(trimmed);
+    if (number.length == 0 || number.length != trimmed.size() || number.outOfRange) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(number.value);
+}
+
+std::int32_t LeadingNumber(std::wstring_view text) {
+    const std::size_t first = text.find_first_not_of(L' ');
+    if (first == std::wstring_view::npos) {
+        return 0;
+    }
+    return static_cast<std::int32_t>(ScanNumber(text.substr(first)).value);
+}
+
+bool IsNumericInRange(std::wstring_view text, std::int32_t min, std::int32_t max) {
+    const auto number = NumberFromText(text);
+    return number.has_value() && *number >= min && *number <= max;
+}
+
+std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int32_t max, std::int32_t fallback) {
+    return IsNumericInRange(text, min, max) ? *NumberFromText(text) : fallback;
+}
+
+bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameFolded);
+}
+
+std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part) {
+    const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), SameFolded);
+    if (found == text.end() && !part.empty()) {
+        return std::wstring_view::npos;
+    }
+    return static_cast<std::size_t>(found - text.begin());
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// Procedures on text that every other part of the program shares.
+
+/// At the first "|": the text before it and the text after it. Without "|": the whole text, and nothing.
+[[nodiscard]] std::pair<std::wstring, std::wstring> SplitAtBar(std::wstring_view text);
+
+/// The text up to its first NUL, or all of it.
+[[nodiscard]] std::wstring CutAtNul(std::wstring_view text);
+
+/// Without leading and trailing blanks (U+0020 only).
+[[nodiscard]] std::wstring TrimBlanks(std::wstring_view text);
+
+/// The one test of "is numeric": decimal digits with an optional sign, blanks around them allowed, and a value
+/// of 32 signed bits. Anything else, empty text too, gives nothing.
+[[nodiscard]] std::optional<std::int32_t> NumberFromText(std::wstring_view text);
+
+/// The number at the start of the text, leading blanks and a sign allowed; 0 when there is none. Values beyond
+/// 32 signed bits stay at the nearest limit.
+[[nodiscard]] std::int32_t LeadingNumber(std::wstring_view text);
+
+/// True when the text is numeric and min <= value <= max.
+[[nodiscard]] bool IsNumericInRange(std::wstring_view text, std::int32_t min, std::int32_t max);
+
+/// The same, with the value: what `fallback` stands for when the text is out of range or no number.
+[[nodiscard]] std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int32_t max,
+                                           std::int32_t fallback);
+
+/// Upper and lower case count as the same, in the alphabets that have cases (Latin, Greek, Cyrillic and their
+/// full-width forms). Independent of the locale, so that every system gives the same answer.
+[[nodiscard]] bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b);
+
+/// 0-based position of `part` in `text` without regard to case; std::wstring_view::npos when absent.
+[[nodiscard]] std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part);
+
+[[nodiscard]] inline bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part) {
+    return FindIgnoreCase(text, part) != std::wstring_view::npos;
+}

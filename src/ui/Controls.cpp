@@ -1,0 +1,36 @@
+#include "ui/Controls.h"
+
+#include <bit>
+
+std::wstring TextOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+void SetTextOf(HWND window, const std::wstring& text) {
+    SetWindowTextW(window, text.c_str());
+}
+
+void ComboAdd(HWND combo, const std::wstring& text, LPARAM data) {
+    const LRESULT index = SendMessageW(combo, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str()));
+    if (index >= 0) {
+        SendMessageW(combo, CB_SETITEMDATA, static_cast<WPARAM>(index), data);
+    }
+}
+
+int ComboSelection(HWND combo) {
+    return static_cast<int>(SendMessageW(combo, CB_GETCURSEL, 0, 0));
+}
+
+void ComboSelect(HWND combo, int index) {
+    SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+LPARAM ComboData(HWND combo, int index) {
+    return SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0);
+}
+
+bool ComboIsOpen(HWND combo) {
+    return SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0;
+}

@@ -1,0 +1,200 @@
+#include "ui/Form.h"
+
+#include "app/SingleInstance.h"
+#include "resources/resource.h"
+#include "ui/Dpi.h"
+
+#include <uxtheme.h>
+
+#include <algorithm>
+#include <bit>
+#include <cassert>
+
+namespace {
+
+HINSTANCE Instance() {
+    return GetModuleHandleW(nullptr);
+}
+
+bool RegisterFormClass() {
+    static const ATOM kClass = [] {
+        WNDCLASSEXW windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        windowClass.lpfnWndProc = DefDlgProcW;
+        windowClass.cbWndExtra = DLGWINDOWEXTRA;
+        windowClass.hInstance = Instance();
+        windowClass.hIcon = LoadIconW(Instance(), MAKEINTRESOURCEW(IDI_QLBUtl));
+        windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+        windowClass.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+        windowClass.lpszClassName = kFormClass;
+        return RegisterClassExW(&windowClass);
+    }();
+    return kClass != 0;
+}
+
+Form* FormOf(HWND window) {
+    return std::bit_cast<Form*>(GetWindowLongPtrW(window, DWLP_USER));
+}
+
+} // namespace
+
+Form::~Form() {
+    if (window_ != nullptr) {
+        DestroyWindow(window_);
+    }
+}
+
+HWND Form::Control(int id) const {
+    const auto found = controls_.find(id);
+    assert(found != controls_.end());
+    return found == controls_.end() ? nullptr : found->second;
+}
+
+bool Form::CreateModeless(const std::wstring& fontName) {
+    fontName_ = fontName;
+    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), nullptr, FormProc,
+                                                     std::bit_cast<LPARAM>(this)) != nullptr;
+}
+
+bool Form::HandleDialogMessage(MSG& message) {
+    const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE;
+    if (ours && message.message == WM_KEYDOWN && OnKeyDown(message.wParam)) {
+        return true;
+    }
+    return window_ != nullptr && IsDialogMessageW(window_, &message) != FALSE;
+}
+
+HWND Form::AddPage() {
+    const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc,
+                                         std::bit_cast<LPARAM>(this));
+    EnableThemeDialogTexture(page, ETDT_ENABLETAB);
+    pages_.push_back(page);
+    return page;
+}
+
+HWND Form::AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text) {
+    const HWND control =
+        CreateWindowExW(spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE, 0, 0, 0,
+                        0, parent, std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
+    controls_.emplace(spec.id, control);
+    placed_.push_back({control, spec.place});
+    SendMessageW(control, WM_SETFONT, std::bit_cast<WPARAM>(font_->Handle()), FALSE);
+    return control;
+}
+
+void Form::Place(HWND window, const DluRect& place) {
+    placed_.push_back({window, place});
+}
+
+void Form::FitToClient(SIZE client) {
+    RECT frame{0, 0, client.cx, client.cy};
+    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), Dpi());
+    const SIZE size{frame.right - frame.left, frame.bottom - frame.top};
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    const RECT& work = monitor.rcWork;
+    // Top left stays on the screen even when the form is larger than it.
+    const LONG left = std::max(work.left, (work.left + work.right - size.cx) / 2);
+    const LONG top = std::max(work.top, (work.top + work.bottom - size.cy) / 2);
+    SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
+    return MessageBoxW(window_, text.c_str(), title.c_str(), style);
+}
+
+INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        auto* form = std::bit_cast<Form*>(lParam);
+        SetWindowLongPtrW(window, DWLP_USER, lParam);
+        form->window_ = window;
+        DisableSystemScaling(window);
+        form->SetScaling(GetDpiForWindow(window));
+        form->OnCreate();
+        form->LayOut();
+        return FALSE;
+    }
+    Form* form = FormOf(window);
+    return form == nullptr ? FALSE : form->OnMessage(message, wParam, lParam);
+}
+
+INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(window, DWLP_USER, lParam);
+        DisableSystemScaling(window);
+        return FALSE;
+    }
+    Form* form = FormOf(window);
+    if (form == nullptr) {
+        return FALSE;
+    }
+    if (message == WM_MOUSEMOVE) {
+        form->OnMouseOverPage();
+        return TRUE;
+    }
+    return form->OnControlMessage(message, wParam, lParam).value_or(FALSE);
+}
+
+std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_COMMAND:
+        OnCommand(LOWORD(wParam), HIWORD(wParam));
+        return TRUE;
+    case WM_NOTIFY:
+        OnNotify(*std::bit_cast<const NMHDR*>(lParam));
+        return TRUE;
+    case WM_DRAWITEM:
+        OnDrawItem(*std::bit_cast<const DRAWITEMSTRUCT*>(lParam));
+        return TRUE;
+    default:
+        return std::nullopt;
+    }
+}
+
+INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const auto answer = OnControlMessage(message, wParam, lParam)) {
+        return *answer;
+    }
+    switch (message) {
+    case WM_CLOSE:
+        OnClose();
+        return TRUE;
+    case WM_HELP:
+        OnHelpKey();
+        return TRUE;
+    case WM_DPICHANGED: {
+        SetScaling(HIWORD(wParam));
+        LayOut();
+        const RECT& suggested = *std::bit_cast<const RECT*>(lParam);
+        SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        return TRUE;
+    }
+    case WM_DESTROY:
+        OnDestroy();
+        window_ = nullptr;
+        return TRUE;
+    default:
+        return message >= WM_APP && OnPrivateMessage(message, wParam, lParam) ? TRUE : FALSE;
+    }
+}
+
+void Form::SetScaling(UINT dpi) {
+    auto font = std::make_unique<DialogFont>(fontName_, dpi);
+    SendMessageW(window_, WM_SETFONT, std::bit_cast<WPARAM>(font->Handle()), FALSE);
+    for (const auto& [id, control] : controls_) {
+        SendMessageW(control, WM_SETFONT, std::bit_cast<WPARAM>(font->Handle()), TRUE);
+    }
+    font_ = std::move(font); // only now: until here the controls drew with the old one
+}
+
+void Form::LayOut() {
+    for (const Placed& placed : placed_) {
+        const RECT place = font_->Pixels(placed.place);
+        SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
+                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    FitToClient(OnLayout());
+}

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "ui/DialogFont.h"
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+/// One control of a form: what it is, where it stands on its parent, how it looks.
+struct ControlSpec {
+    int id = 0;
+    const wchar_t* windowClass = nullptr;
+    DWORD style = 0;
+    DluRect place;
+    DWORD exStyle = 0;
+};
+
+/// A top-level window of the class "QLBUtlForm": a dialog that creates its controls from tables, in dialog units
+/// of its own font, and lays them out anew when the scaling changes.
+class Form {
+public:
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form();
+
+    [[nodiscard]] HWND Window() const { return window_; }
+
+    /// The control with this id of resource.h; the form must have it.
+    [[nodiscard]] HWND Control(int id) const;
+    [[nodiscard]] bool HasControl(int id) const { return controls_.contains(id); }
+
+    /// First look at a message of the program's loop. True when the form has dealt with it.
+    bool HandleDialogMessage(MSG& message);
+
+protected:
+    Form() = default;
+
+    /// Creates the hidden window, then calls OnCreate. False when the system refuses.
+    bool CreateModeless(const std::wstring& fontName);
+    void Close() { DestroyWindow(window_); }
+
+    /// A child dialog that holds a page's controls; its messages come to this form. It is placed by Place.
+    HWND AddPage();
+    /// Creates a control on the form or on a page.
+    HWND AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text = {});
+    /// Stands at `place` on its parent from now on, after changes of the scaling too.
+    void Place(HWND window, const DluRect& place);
+
+    /// Sizes the window for its client area and centres it in the work area.
+    void FitToClient(SIZE client);
+
+    [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
+    [[nodiscard]] UINT Dpi() const { return font_->Dpi(); }
+    /// A message box over this form. Returns the button (IDYES, ...).
+    int Ask(const std::wstring& text, const std::wstring& title, UINT style);
+
+    virtual void OnCreate() = 0;
+    /// Client size in pixels for the current font; places what Place can't.
+    virtual SIZE OnLayout() = 0;
+    virtual void OnCommand(int id, int notification) = 0;
+    virtual void OnNotify(const NMHDR& /*header*/) {}
+    virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
+    virtual void OnMouseOverPage() {}
+    virtual void OnHelpKey() {}
+    /// The close box.
+    virtual void OnClose() { Close(); }
+    virtual void OnDestroy() {}
+    /// Messages from WM_APP on. True when handled.
+    virtual bool OnPrivateMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
+    /// A key on its way to a control. True keeps it from there.
+    virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
+
+private:
+    struct Placed {
+        HWND window = nullptr;
+        DluRect place;
+    };
+
+    static INT_PTR CALLBACK FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<INT_PTR> OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void SetScaling(UINT dpi);
+    void LayOut();
+
+    HWND window_ = nullptr;
+    std::wstring fontName_;
+    std::unique_ptr<DialogFont> font_;
+    std::vector<HWND> pages_;
+    std::vector<Placed> placed_;
+    std::unordered_map<int, HWND> controls_;
+};
