@@ -188,7 +188,7 @@ WINE_FACE = ("Liberation Sans", "IPAゴシック")
 
 # The default colour's decimal digits are read as the hexadecimal BBGGRR: 9900 is the green 0x009900.
 DEFAULT_COLOR = 9900
-USER_COLOR = 0x00CC6600
+USER_COLOR = 0x00D7FF  # 0x00BBGGRR: gold, legible on any desktop
 
 
 class RegFile:

@@ -8,7 +8,7 @@ add_library(qlb_windows STATIC
     platform/windows/WindowsStringSource.cpp
     platform/windows/WindowsTopLevelWindows.cpp)
 target_include_directories(qlb_windows PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 shell32 user32)
+target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 user32)
 
 add_executable(QLBUtl WIN32
     app/Main.cpp
@@ -26,6 +26,5 @@ set_source_files_properties(resources/QLBUtl.rc PROPERTIES
     COMPILE_OPTIONS "-c65001"
     OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest")
 target_link_options(QLBUtl PRIVATE -municode)
-target_compile_options(QLBUtl PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Os>)
-target_link_libraries(QLBUtl PRIVATE qlb_core qlb_windows qlb_warnings comctl32 comdlg32 uxtheme)
+target_link_libraries(QLBUtl PRIVATE qlb_core qlb_windows qlb_warnings comctl32 uxtheme)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

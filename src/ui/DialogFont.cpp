@@ -4,7 +4,8 @@
 
 namespace {
 
-constexpr int kDialogFontPoints = 9;
+constexpr int kLatinPoints = 8;
+constexpr int kKanjiPoints = 9; ///< below 12 pixels kanji are hard to read
 constexpr int kPointsPerInch = 72;
 constexpr int kUnitsPerWidth = 4;
 constexpr int kUnitsPerHeight = 8;
@@ -22,6 +23,15 @@ SIZE MeasureBaseUnits(HFONT font) {
     return {std::max<LONG>(width, 1), std::max<LONG>(metrics.tmHeight, 1)};
 }
 
+/// In the size that Windows' own dialogs have in the language of the face.
+Font CreateDialogFont(const std::wstring& faceName, UINT dpi) {
+    Font font = CreateFontOfPoints(faceName, kLatinPoints, dpi);
+    const MemoryDc hdc(CreateCompatibleDC(nullptr));
+    const Selected selected(hdc.get(), font.get());
+    return GetTextCharset(hdc.get()) == SHIFTJIS_CHARSET ? CreateFontOfPoints(faceName, kKanjiPoints, dpi)
+                                                         : std::move(font);
+}
+
 } // namespace
 
 Font CreateFontOfPoints(const std::wstring& faceName, int points, UINT dpi) {
@@ -35,7 +45,7 @@ Font CreateFontOfPoints(const std::wstring& faceName, int points, UINT dpi) {
 }
 
 DialogFont::DialogFont(const std::wstring& faceName, UINT dpi)
-    : dpi_(dpi), font_(CreateFontOfPoints(faceName, kDialogFontPoints, dpi)),
+    : dpi_(dpi), font_(CreateDialogFont(faceName, dpi)),
       baseUnits_(MeasureBaseUnits(font_.get())) {}
 
 int DialogFont::PixelsX(int dlu) const {

@@ -68,22 +68,22 @@ HWND Form::AddPage() {
     const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc,
                                          std::bit_cast<LPARAM>(this));
     EnableThemeDialogTexture(page, ETDT_ENABLETAB);
-    pages_.push_back(page);
+    SetWindowPos(page, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return page;
 }
 
 HWND Form::AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text) {
-    const HWND control =
-        CreateWindowExW(spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE, 0, 0, 0,
-                        0, parent, std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
+    const RECT place = font_->Pixels(spec.place);
+    const HWND control = CreateWindowExW(
+        spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE, place.left, place.top,
+        place.right - place.left, place.bottom - place.top, parent,
+        std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
     controls_.emplace(spec.id, control);
-    placed_.push_back({control, spec.place});
+    if (spec.place.cx != 0) {
+        placed_.push_back({control, spec.place});
+    }
     SendMessageW(control, WM_SETFONT, std::bit_cast<WPARAM>(font_->Handle()), FALSE);
     return control;
-}
-
-void Form::Place(HWND window, const DluRect& place) {
-    placed_.push_back({window, place});
 }
 
 void Form::FitToClient(SIZE client) {
@@ -113,7 +113,7 @@ INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM
         DisableSystemScaling(window);
         form->SetScaling(GetDpiForWindow(window));
         form->OnCreate();
-        form->LayOut();
+        form->FitToClient(form->OnLayout());
         return FALSE;
     }
     Form* form = FormOf(window);

@@ -43,13 +43,11 @@ protected:
     bool CreateModeless(const std::wstring& fontName);
     void Close() { DestroyWindow(window_); }
 
-    /// A child dialog that holds a page's controls; its messages come to this form. It is placed by Place.
+    /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of the
+    /// form's other controls and comes first in the tab order.
     HWND AddPage();
-    /// Creates a control on the form or on a page.
+    /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text = {});
-    /// Stands at `place` on its parent from now on, after changes of the scaling too.
-    void Place(HWND window, const DluRect& place);
-
     /// Sizes the window for its client area and centres it in the work area.
     void FitToClient(SIZE client);
 
@@ -59,7 +57,7 @@ protected:
     int Ask(const std::wstring& text, const std::wstring& title, UINT style);
 
     virtual void OnCreate() = 0;
-    /// Client size in pixels for the current font; places what Place can't.
+    /// Places what dialog units can't; returns the client size in pixels.
     virtual SIZE OnLayout() = 0;
     virtual void OnCommand(int id, int notification) = 0;
     virtual void OnNotify(const NMHDR& /*header*/) {}
@@ -90,7 +88,6 @@ private:
     HWND window_ = nullptr;
     std::wstring fontName_;
     std::unique_ptr<DialogFont> font_;
-    std::vector<HWND> pages_;
     std::vector<Placed> placed_;
     std::unordered_map<int, HWND> controls_;
 };

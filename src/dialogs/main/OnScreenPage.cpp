@@ -3,6 +3,7 @@
 #include "app/StringTable.h"
 #include "dialogs/main/EnumFont.h"
 #include "dialogs/main/MainSettings.h"
+#include "platform/windows/SystemLibrary.h"
 #include "resources/resource.h"
 #include "settings/StdModule.h"
 #include "ui/Controls.h"
@@ -96,7 +97,8 @@ void OnScreenPage::ChooseTextColor() {
     choice.rgbResult = TextColor(settings);
     choice.lpCustColors = customColors_.data();
     choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
-    if (ChooseColorW(&choice) != FALSE) {
+    const auto chooseColor = SystemProcedure<BOOL WINAPI(CHOOSECOLORW*)>(L"comdlg32.dll", "ChooseColorW");
+    if (chooseColor != nullptr && chooseColor(&choice) != FALSE) {
         settings.Color = static_cast<std::int32_t>(choice.rgbResult);
         settings_.SetOnScreen(settings);
         RefreshPreview();

@@ -65,6 +65,12 @@ void frmMain::SelectPage(int tabIndex) {
     SendMessageW(Control(IDC_tabContainer), TCM_SETCURSEL, static_cast<WPARAM>(tabIndex), 0);
     for (std::size_t i = 0; i < pages_.size(); ++i) {
         const bool selected = static_cast<int>(i) == tabIndex;
+        if (pages_[i].window == nullptr) {
+            if (!selected) {
+                continue;
+            }
+            pages_[i].window = CreatePage(pages_[i].kind);
+        }
         ShowWindow(pages_[i].window, selected ? SW_SHOW : SW_HIDE);
         if (selected && pages_[i].kind == MainPage::OnScreen) {
             onScreenPage_.RefreshPreview();
@@ -100,18 +106,12 @@ bool frmMain::OnKeyDown(WPARAM key) {
     }
 }
 
-void frmMain::FillPatternBoxes() {
-    for (const Page& page : pages_) {
-        if (page.kind == MainPage::OnScreen) {
-            continue;
-        }
-        const HWND box = Control(IDC_cmbUserName0 + static_cast<int>(page.kind));
-        SendMessageW(box, CB_RESETCONTENT, 0, 0);
-        for (const std::wstring& name : settings_.PatternNames()) {
-            ComboAdd(box, name);
-        }
-        ComboSelect(box, settings_.CurrentPattern() - 1);
+void frmMain::FillPatternBox(HWND box) {
+    SendMessageW(box, CB_RESETCONTENT, 0, 0);
+    for (const std::wstring& name : settings_.PatternNames()) {
+        ComboAdd(box, name);
     }
+    ComboSelect(box, settings_.CurrentPattern() - 1);
 }
 
 void frmMain::ShowCurrentPattern() {

@@ -46,7 +46,7 @@ protected:
 private:
     struct Page {
         MainPage kind;
-        HWND window;
+        HWND window; ///< null until the page is first selected
     };
     /// A picture and the point of its page, in dialog units, that its centre stands on.
     struct PlacedPicture {
@@ -55,15 +55,16 @@ private:
         std::unique_ptr<PictureButton> picture;
     };
 
-    void CreateButtonPage(MainPage kind);
-    void CreateOnScreenPage();
+    HWND CreatePage(MainPage kind);
+    void CreateButtonPage(HWND page, MainPage kind);
+    void CreateOnScreenPage(HWND page);
     void CreateDialogButtons();
     void AddButton(HWND page, int button, int indexOnPage, const std::wstring& label);
     void AddPageButton(HWND page, int id, int textOffset, const DluRect& place, bool enabled);
     [[nodiscard]] int PageHeight() const;
     void PlacePictures();
 
-    void FillPatternBoxes();
+    void FillPatternBox(HWND box);
     void ShowCurrentPattern();
     void ShowButtons();
     void ShowButton(int button);
@@ -91,6 +92,7 @@ private:
 
     PictureList imlResource_;
     std::vector<Page> pages_;
+    RECT pageArea_{}; ///< of the tab control, in pixels of the client area
     std::vector<PlacedPicture> pictures_;
     std::array<std::wstring, kMaxButtons> labels_;
     ButtonHover hover_;

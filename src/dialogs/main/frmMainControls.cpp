@@ -19,8 +19,8 @@ constexpr int kLabelHeight = 8;
 constexpr int kLabelDrop = 3; ///< brings a label to the text line of the box beside it
 constexpr int kComboDropHeight = 130;
 
-constexpr int kColumnWidth = 58;
-constexpr int kFrameInset = 6;
+constexpr int kColumnWidth = 60;
+constexpr int kFrameInset = 4;
 constexpr int kContentWidth = kDesktopButtons * kColumnWidth + 2 * kFrameInset;
 constexpr int kPageWidth = kContentWidth + 2 * kMargin;
 constexpr int kPageButtonWidth = 92;
@@ -53,11 +53,11 @@ ButtonPlaces PlaceInRow(int index) {
     const int left = kMargin + kFrameInset + index * kColumnWidth;
     const int top = kFrameTop + kFrameInset + kGap;
     const int labelTop = top + kPictureHeight + kGap;
-    constexpr int kInset = 2;
+    constexpr int kInset = 1;
     return {{left + kColumnWidth / 2, top + kPictureHeight / 2},
             {left + kInset, labelTop, kColumnWidth - 2 * kInset, kLabelHeight},
             SS_CENTER,
-            {left + kInset, labelTop + kLabelHeight + 2, kColumnWidth - 2 * kInset, kButtonHeight}};
+            {left + 2 * kInset, labelTop + kLabelHeight + 2, kColumnWidth - 4 * kInset, kButtonHeight}};
 }
 
 ButtonPlaces PlaceInColumn(int index) {
@@ -86,12 +86,11 @@ void frmMain::OnCreate() {
     labels_ = ButtonLabels(store_, texts_, settings_.Switches());
     imlResource_.Load(PictureNames(settings_.Switches()));
 
-    // Pages come before the tab control in the order of windows: they lie on top of it.
-    CreateButtonPage(MainPage::Desktop);
+    pages_.push_back({MainPage::Desktop, nullptr});
     if (settings_.Switches().ShowNTTab) {
-        CreateButtonPage(MainPage::Notebook);
+        pages_.push_back({MainPage::Notebook, nullptr});
     }
-    CreateOnScreenPage();
+    pages_.push_back({MainPage::OnScreen, nullptr});
     CreateDialogButtons();
     const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}});
     const auto captions = PageCaptions(store_, texts_);
@@ -102,17 +101,29 @@ void frmMain::OnCreate() {
         item.pszText = caption.data();
         SendMessageW(tab, TCM_INSERTITEMW, i, std::bit_cast<LPARAM>(&item));
     }
-    ShowCurrentPattern();
-    FillPatternBoxes();
-    onScreenPage_.FillLists();
-    onScreenPage_.Refresh();
 }
 
-void frmMain::CreateButtonPage(MainPage kind) {
+HWND frmMain::CreatePage(MainPage kind) {
     const HWND page = AddPage();
-    const int index = static_cast<int>(kind);
-    pages_.push_back({kind, page});
+    SetWindowPos(page, nullptr, pageArea_.left, pageArea_.top, pageArea_.right - pageArea_.left,
+                 pageArea_.bottom - pageArea_.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (kind == MainPage::OnScreen) {
+        CreateOnScreenPage(page);
+        onScreenPage_.FillLists();
+        onScreenPage_.Refresh();
+    } else {
+        CreateButtonPage(page, kind);
+        FillPatternBox(Control(IDC_cmbUserName0 + static_cast<int>(kind)));
+        PlacePictures();
+        for (const int button : settings_.ButtonsOf(kind)) {
+            ShowButton(button);
+        }
+    }
+    return page;
+}
 
+void frmMain::CreateButtonPage(HWND page, MainPage kind) {
+    const int index = static_cast<int>(kind);
     constexpr int kNameLabelWidth = 66;
     const int managerLeft = kPageWidth - kMargin - kPageButtonWidth;
     const int comboLeft = kMargin + kNameLabelWidth;
@@ -165,10 +176,7 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
                       WS_EX_CLIENTEDGE});
 }
 
-void frmMain::CreateOnScreenPage() {
-    const HWND page = AddPage();
-    pages_.push_back({MainPage::OnScreen, page});
-
+void frmMain::CreateOnScreenPage(HWND page) {
     constexpr int kCheckHeight = 10;
     constexpr int kInset = kFrameInset + kGap;
     constexpr int kFaceWidth = 130;
@@ -230,8 +238,11 @@ SIZE frmMain::OnLayout() {
     const SIZE tabSize{tab.right - tab.left, tab.bottom - tab.top};
     constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
     SetWindowPos(Control(IDC_tabContainer), nullptr, margin, margin, tabSize.cx, tabSize.cy, kFlags);
+    pageArea_ = {margin - tab.left, margin - tab.top, margin - tab.left + page.right, margin - tab.top + page.bottom};
     for (const Page& each : pages_) {
-        SetWindowPos(each.window, nullptr, margin - tab.left, margin - tab.top, page.right, page.bottom, kFlags);
+        if (each.window != nullptr) {
+            SetWindowPos(each.window, nullptr, pageArea_.left, pageArea_.top, page.right, page.bottom, kFlags);
+        }
     }
     PlacePictures();
 

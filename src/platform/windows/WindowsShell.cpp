@@ -1,10 +1,9 @@
 #include "platform/windows/WindowsShell.h"
 
 #include "platform/windows/Ansi.h"
+#include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
-
-#include <shellapi.h>
 
 #include <bit>
 
@@ -32,7 +31,12 @@ bool WindowsShell::FileExists(const std::wstring& path) const {
 
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
-    const HINSTANCE result = ShellExecuteA(std::bit_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
-                                           ToAnsi(workingDirectory).c_str(), SW_SHOWNORMAL);
+    using Execute = HINSTANCE WINAPI(HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT);
+    const auto execute = SystemProcedure<Execute>(L"shell32.dll", "ShellExecuteA");
+    if (execute == nullptr) {
+        return false;
+    }
+    const HINSTANCE result = execute(std::bit_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
+                                     ToAnsi(workingDirectory).c_str(), SW_SHOWNORMAL);
     return std::bit_cast<std::intptr_t>(result) > kLastErrorCode;
 }
