@@ -9,7 +9,6 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 set(qlb_gcc /usr/lib/gcc/x86_64-w64-mingw32/12-posix)
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${qlb_gcc}/include/c++ -isystem ${qlb_gcc}/include/c++/x86_64-w64-mingw32 -isystem ${qlb_gcc}/include/c++/backward")
-set(CMAKE_CXX_LINK_EXECUTABLE
-    "x86_64-w64-mingw32-g++-posix <LINK_FLAGS> <OBJECTS> -o <TARGET> <LINK_LIBRARIES>")
+set(CMAKE_PROJECT_INCLUDE ${CMAKE_CURRENT_LIST_DIR}/link-with-gcc.cmake)
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

@@ -18,8 +18,9 @@ public:
 
     /// Reads HKLM "QLBINI" into `store`, looks for another instance and for the keyboard, and sets the values
     /// above and the global WizardForButton. False: end the program without a word.
-    [[nodiscard]] bool ParseCommandLine(std::wstring_view commandLine, RegIniFunc& store, InstanceGuard& guard,
-                                        TopLevelWindows& windows, const StringTable& texts);
+    [[nodiscard]] bool ParseCommandLine(std::wstring_view commandLine, RegIniFunc& store,
+                                        InstanceGuard& guard, TopLevelWindows& windows,
+                                        const StringTable& texts);
 
 private:
     [[nodiscard]] bool ParseOption(const std::wstring& line, const std::wstring& request);

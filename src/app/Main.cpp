@@ -11,7 +11,8 @@
 
 #include <windows.h>
 
-int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* commandLine, int /*show*/) {
+int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_t* lpCmdLine,
+                    int /*nShowCmd*/) {
     WindowsRegistry registry;
     WindowsProfileFiles profileFiles;
     const WindowsAnsiText ansiText;
@@ -23,7 +24,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* com
     const Platform platform{registry, profileFiles, ansiText, strings, windows, instanceGuard, fonts, shell};
 
     frmMain mainDialog(platform);
-    if (!mainDialog.Load(commandLine)) {
+    if (!mainDialog.Load(lpCmdLine)) {
         return 0;
     }
     mainDialog.Show();

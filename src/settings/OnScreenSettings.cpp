@@ -50,7 +50,8 @@ OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FontList& fo
     return settings;
 }
 
-OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FontList& fonts, const OnScreenSettings& defaults) {
+OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FontList& fonts,
+                              const OnScreenSettings& defaults) {
     const auto read = [&](const wchar_t* key, const std::wstring& fallback) {
         return store.IniGetString(kSection, key, fallback, store.OwnIniFile());
     };
@@ -60,8 +61,8 @@ OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FontList& fonts, co
     OnScreenSettings settings;
     settings.OnScreen = StepOr(readNumber(L"OnScreen", defaults.OnScreen), 0, 1, defaults.OnScreen);
     settings.FontName = fonts.MatchInstalledFont(read(L"FontName", defaults.FontName));
-    settings.FontSize = StepOr(readNumber(L"FontSize", defaults.FontSize), kSmallestFontStep, kLargestFontStep,
-                               defaults.FontSize);
+    settings.FontSize = StepOr(readNumber(L"FontSize", defaults.FontSize), kSmallestFontStep,
+                               kLargestFontStep, defaults.FontSize);
     settings.Color = NumberFromText(readNumber(L"Color", defaults.Color)).value_or(defaults.Color);
     return settings;
 }

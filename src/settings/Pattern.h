@@ -43,8 +43,8 @@ enum class LaunchMethod {
 
 /// What one button does. Field names are those of the store's layout.
 struct ButtonSlot {
-    std::wstring Name; ///< display name, shown on screen when the button is pressed
-    std::wstring Exec; ///< launch method letter
+    std::wstring Name;      ///< display name, shown on screen when the button is pressed
+    std::wstring Exec;      ///< launch method letter
     std::int16_t NumAP = 0; ///< number of registered programs, 0...5
     NumberedFrom1<std::wstring, kMaxPrograms> AP;    ///< commands; for "K" a key code as decimal text
     NumberedFrom1<std::wstring, kMaxPrograms> Param; ///< parameters of the commands

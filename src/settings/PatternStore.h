@@ -30,7 +30,8 @@ public:
     [[nodiscard]] int StorageSlot(int button) const;
 
 private:
-    [[nodiscard]] ButtonSlot LoadSlot(const std::wstring& section, int button, const ButtonSlot& fallback) const;
+    [[nodiscard]] ButtonSlot LoadSlot(const std::wstring& section, int button,
+                                      const ButtonSlot& fallback) const;
     void SaveSlot(const std::wstring& section, int button, ButtonSlot& slot);
 
     RegIniFunc& store_;

@@ -29,7 +29,8 @@ std::wstring DecodeCut(const AnsiText& ansiText, std::string_view bytes) {
 
 RegIniFunc::RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText,
                        std::wstring ownIniFile)
-    : registry_(registry), profileFiles_(profileFiles), ansiText_(ansiText), ownIniFile_(std::move(ownIniFile)) {}
+    : registry_(registry), profileFiles_(profileFiles), ansiText_(ansiText),
+      ownIniFile_(std::move(ownIniFile)) {}
 
 std::int32_t RegIniFunc::RegGetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
                                      std::int32_t fallback) const {
@@ -91,8 +92,8 @@ std::wstring RegIniFunc::IniGetString(const std::wstring& section, const std::ws
     return std::to_wstring(number);
 }
 
-std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstring& key, std::int32_t fallback,
-                                   const std::wstring& file) const {
+std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstring& key,
+                                   std::int32_t fallback, const std::wstring& file) const {
     if (GoesToFile(file)) {
         return profileFiles_.GetInt(section, key, fallback, file);
     }

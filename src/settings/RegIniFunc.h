@@ -18,21 +18,24 @@ inline constexpr const wchar_t* kUtilityKey = L"Software\\Korvo\\KORVOQLB\\UTLSe
 class RegIniFunc {
 public:
     /// `ownIniFile`: name of the program's own ini file (string id 3001).
-    RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText, std::wstring ownIniFile);
+    RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText,
+               std::wstring ownIniFile);
 
     /// HKLM "QLBINI": true sends the own ini file's calls to the file itself. Set once at start-up.
     bool IniFileExist = false;
 
     /// Four bytes of any type, as a signed number; `fallback` when the key or value is missing or the data is
     /// not four bytes long.
-    [[nodiscard]] std::int32_t RegGetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
-                                           std::int32_t fallback = 0) const;
+    [[nodiscard]] std::int32_t RegGetDword(RegistryHive hive, const std::wstring& path,
+                                           const std::wstring& name, std::int32_t fallback = 0) const;
     /// The data as text up to its first NUL, at most 2048 ANSI bytes; longer text is cut between characters.
     /// `fallback` when the key or value is missing.
-    [[nodiscard]] std::wstring RegGetString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+    [[nodiscard]] std::wstring RegGetString(RegistryHive hive, const std::wstring& path,
+                                            const std::wstring& name,
                                             const std::wstring& fallback = {}) const;
     /// REG_DWORD. False when the system refuses.
-    bool RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name, std::int32_t value);
+    bool RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                     std::int32_t value);
     /// REG_SZ in the ANSI code page, the terminating NUL counted in the length; empty text is two NUL bytes.
     bool RegSetString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
                       std::wstring_view value);

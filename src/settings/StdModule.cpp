@@ -13,8 +13,8 @@ bool IsDigit(wchar_t c) {
 }
 
 struct ScannedNumber {
-    std::int64_t value = 0;   ///< kept at the limits of 32 signed bits
-    std::size_t length = 0;   ///< characters used; 0 when there is no digit
+    std::int64_t value = 0; ///< kept at the limits of 32 signed bits
+    std::size_t length = 0; ///< characters used; 0 when there is no digit
     bool outOfRange = false;
 };
 
@@ -136,7 +136,8 @@ bool IsNumericInRange(std::wstring_view text, std::int32_t min, std::int32_t max
     return number.has_value() && *number >= min && *number <= max;
 }
 
-std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int32_t max, std::int32_t fallback) {
+std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int32_t max,
+                             std::int32_t fallback) {
     return IsNumericInRange(text, min, max) ? *NumberFromText(text) : fallback;
 }
 

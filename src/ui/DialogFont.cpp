@@ -17,7 +17,8 @@ SIZE MeasureBaseUnits(HFONT font) {
     const Selected selected(hdc.get(), font);
     SIZE letters{};
     TEXTMETRICW metrics{};
-    GetTextExtentPoint32W(hdc.get(), L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz", kLetters, &letters);
+    GetTextExtentPoint32W(hdc.get(), L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz", kLetters,
+                          &letters);
     GetTextMetricsW(hdc.get(), &metrics);
     const LONG width = (letters.cx / (kLetters / 2) + 1) / 2;
     return {std::max<LONG>(width, 1), std::max<LONG>(metrics.tmHeight, 1)};
@@ -45,8 +46,7 @@ Font CreateFontOfPoints(const std::wstring& faceName, int points, UINT dpi) {
 }
 
 DialogFont::DialogFont(const std::wstring& faceName, UINT dpi)
-    : dpi_(dpi), font_(CreateDialogFont(faceName, dpi)),
-      baseUnits_(MeasureBaseUnits(font_.get())) {}
+    : dpi_(dpi), font_(CreateDialogFont(faceName, dpi)), baseUnits_(MeasureBaseUnits(font_.get())) {}
 
 int DialogFont::PixelsX(int dlu) const {
     return MulDiv(dlu, baseUnits_.cx, kUnitsPerWidth);

@@ -52,8 +52,8 @@ HWND Form::Control(int id) const {
 
 bool Form::CreateModeless(const std::wstring& fontName) {
     fontName_ = fontName;
-    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), nullptr, FormProc,
-                                                     std::bit_cast<LPARAM>(this)) != nullptr;
+    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), nullptr,
+                                                     FormProc, std::bit_cast<LPARAM>(this)) != nullptr;
 }
 
 bool Form::HandleDialogMessage(MSG& message) {
@@ -74,10 +74,10 @@ HWND Form::AddPage() {
 
 HWND Form::AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text) {
     const RECT place = font_->Pixels(spec.place);
-    const HWND control = CreateWindowExW(
-        spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE, place.left, place.top,
-        place.right - place.left, place.bottom - place.top, parent,
-        std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
+    const HWND control =
+        CreateWindowExW(spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE,
+                        place.left, place.top, place.right - place.left, place.bottom - place.top, parent,
+                        std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
     controls_.emplace(spec.id, control);
     if (spec.place.cx != 0) {
         placed_.push_back({control, spec.place});

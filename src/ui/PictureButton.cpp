@@ -17,8 +17,9 @@ constexpr UINT_PTR kSubclassId = 1;
 
 void PaintBackground(HWND button, HDC hdc, const RECT& area) {
     const HWND parent = GetParent(button);
-    FillRect(hdc, &area, std::bit_cast<HBRUSH>(SendMessageW(parent, WM_CTLCOLORBTN, std::bit_cast<WPARAM>(hdc),
-                                                            std::bit_cast<LPARAM>(button))));
+    FillRect(hdc, &area,
+             std::bit_cast<HBRUSH>(SendMessageW(parent, WM_CTLCOLORBTN, std::bit_cast<WPARAM>(hdc),
+                                                std::bit_cast<LPARAM>(button))));
     DrawThemeParentBackground(button, hdc, nullptr);
 }
 
@@ -68,8 +69,8 @@ void PictureButton::Draw(const DRAWITEMSTRUCT& item) const {
     BitBlt(item.hDC, area.left, area.top, size, size, buffer.get(), 0, 0, SRCCOPY);
 }
 
-LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR /*id*/,
-                                         DWORD_PTR self) {
+LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR /*id*/, DWORD_PTR self) {
     const auto* picture = std::bit_cast<const PictureButton*>(self);
     switch (message) {
     case WM_MOUSEMOVE: {

@@ -99,7 +99,8 @@ SquarePixels ScaleRoundPicture(const SquarePixels& source, int size) {
 }
 
 SquarePixels RoundRing(int size, int width, std::uint32_t color) {
-    SquarePixels result{size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
+    SquarePixels result{
+        size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
     const double channels[kChannels] = {Channel(color, 0), Channel(color, 1), Channel(color, 2)};
     const auto side = static_cast<std::size_t>(size);
     for (std::size_t y = 0; y < side; ++y) {

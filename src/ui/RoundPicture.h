@@ -9,7 +9,8 @@ struct SquarePixels {
     std::vector<std::uint32_t> pixels;
 
     [[nodiscard]] std::uint32_t At(int x, int y) const {
-        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) + static_cast<std::size_t>(x)];
+        return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+                      static_cast<std::size_t>(x)];
     }
 };
 

@@ -40,10 +40,12 @@ std::array<std::wstring, kMaxButtons> ButtonLabels(const RegIniFunc& store, cons
 
 std::array<std::wstring, 3> PageCaptions(const RegIniFunc& store, const StringTable& texts) {
     const std::wstring path = std::wstring(kUtilityKey) + L"\\TabName";
-    std::array<std::wstring, 3> captions{texts.ResText(kTextButtonSettings), texts.ResText(kTextButtonSettings),
+    std::array<std::wstring, 3> captions{texts.ResText(kTextButtonSettings),
+                                         texts.ResText(kTextButtonSettings),
                                          texts.ResText(kTextOnScreenSettings)};
     for (std::size_t page = 0; page < 2; ++page) {
-        std::wstring own = store.RegGetString(RegistryHive::LocalMachine, path, L"Tab" + std::to_wstring(page));
+        std::wstring own =
+            store.RegGetString(RegistryHive::LocalMachine, path, L"Tab" + std::to_wstring(page));
         if (!own.empty()) {
             captions.at(page) = std::move(own);
         }

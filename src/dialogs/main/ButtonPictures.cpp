@@ -5,14 +5,14 @@
 
 namespace {
 
-constexpr std::array<const wchar_t*, 8> kCommonNames{L"NO_APP",       L"NO_APP_DOWN",       L"RUN_SINGLE",
-                                                     L"RUN_SINGLE_DOWN", L"RUN_SEQUENCE",   L"RUN_SEQUENCE_DOWN",
-                                                     L"RUN_SIMUL",    L"RUN_SIMUL_DOWN"};
+constexpr std::array<const wchar_t*, 8> kCommonNames{
+    L"NO_APP",       L"NO_APP_DOWN",       L"RUN_SINGLE", L"RUN_SINGLE_DOWN",
+    L"RUN_SEQUENCE", L"RUN_SEQUENCE_DOWN", L"RUN_SIMUL",  L"RUN_SIMUL_DOWN"};
 constexpr std::array<const wchar_t*, 4> kHoverNames{L"NO_APP_MOUSEOVER", L"RUN_SINGLE_MOUSEOVER",
                                                     L"RUN_SEQUENCE_MOUSEOVER", L"RUN_SIMUL_MOUSEOVER"};
-constexpr std::array<const wchar_t*, 8> kFnKeyNames{L"Q_NO_APP",          L"Q_NO_APP_DOWN",  L"Q_RUN_SINGLE",
-                                                    L"Q_RUN_SINGLE_DOWN", L"Q_RUN_SEQUENCE", L"Q_RUN_SEQUENCE_DOWN",
-                                                    L"Q_RUN_SIMUL",       L"Q_RUN_SIMUL_DOWN"};
+constexpr std::array<const wchar_t*, 8> kFnKeyNames{
+    L"Q_NO_APP",       L"Q_NO_APP_DOWN",       L"Q_RUN_SINGLE", L"Q_RUN_SINGLE_DOWN",
+    L"Q_RUN_SEQUENCE", L"Q_RUN_SEQUENCE_DOWN", L"Q_RUN_SIMUL",  L"Q_RUN_SIMUL_DOWN"};
 
 constexpr int kFirstHoverNumber = static_cast<int>(kCommonNames.size()) + 1;
 constexpr int kFnKeyShift = static_cast<int>(kCommonNames.size());

@@ -15,7 +15,8 @@ struct PictureState {
 };
 
 /// Number in the picture list for `button` (1...8), given its ButtonPictureIndex.
-[[nodiscard]] int PictureNumber(const MakerSwitches& switches, int button, ButtonPicture picture, PictureState state);
+[[nodiscard]] int PictureNumber(const MakerSwitches& switches, int button, ButtonPicture picture,
+                                PictureState state);
 
 /// 0-based index of the last picture that is clipped to an ellipse, by "QSTART".
 [[nodiscard]] int LastRoundPicture(const MakerSwitches& switches);

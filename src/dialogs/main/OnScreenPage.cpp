@@ -43,8 +43,8 @@ void OnScreenPage::FillLists() {
 
 void OnScreenPage::Refresh() {
     const OnScreenSettings& settings = settings_.OnScreen();
-    SendMessageW(form_.Control(IDC_chkOnScreen), BM_SETCHECK, settings.OnScreen != 0 ? BST_CHECKED : BST_UNCHECKED,
-                 0);
+    SendMessageW(form_.Control(IDC_chkOnScreen), BM_SETCHECK,
+                 settings.OnScreen != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
     ComboSelect(form_.Control(IDC_cmbFontName), fonts_.IndexOf(settings.FontName));
     ComboSelect(form_.Control(IDC_cmbFontSize), settings.FontSize - kSmallestFontStep);
     EnableChoices();
@@ -75,7 +75,8 @@ bool OnScreenPage::OnCommand(int id, int notification) {
         }
         return true;
     case IDC_cmbFontSize:
-        if (const int entry = ComboSelection(form_.Control(id)); notification == CBN_SELCHANGE && entry >= 0) {
+        if (const int entry = ComboSelection(form_.Control(id));
+            notification == CBN_SELCHANGE && entry >= 0) {
             settings.FontSize = static_cast<std::uint8_t>(ComboData(form_.Control(id), entry));
             settings_.SetOnScreen(settings);
             RefreshPreview();

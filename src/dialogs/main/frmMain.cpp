@@ -83,8 +83,8 @@ void frmMain::TurnPage(int step) {
     const auto current = static_cast<int>(SendMessageW(Control(IDC_tabContainer), TCM_GETCURSEL, 0, 0));
     SelectPage((current + step + count) % count);
     // The control that had the focus is hidden now.
-    SendMessageW(Window(), WM_NEXTDLGCTL,
-                 std::bit_cast<WPARAM>(GetNextDlgTabItem(Window(), nullptr, FALSE)), TRUE);
+    SendMessageW(Window(), WM_NEXTDLGCTL, std::bit_cast<WPARAM>(GetNextDlgTabItem(Window(), nullptr, FALSE)),
+                 TRUE);
 }
 
 bool frmMain::OnKeyDown(WPARAM key) {

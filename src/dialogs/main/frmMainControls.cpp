@@ -42,9 +42,9 @@ int FrameHeight(const MakerSwitches& switches) {
 
 /// Where one button's parts stand on its page.
 struct ButtonPlaces {
-    POINT pictureCentre;
+    POINT pictureCentre{};
     DluRect label;
-    DWORD labelAlignment;
+    DWORD labelAlignment = SS_LEFT;
     DluRect name;
 };
 
@@ -128,10 +128,14 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
     const int managerLeft = kPageWidth - kMargin - kPageButtonWidth;
     const int comboLeft = kMargin + kNameLabelWidth;
     AddControl(page,
-               {IDC_lblUserName0 + index, WC_STATICW, SS_LEFT,
+               {IDC_lblUserName0 + index,
+                WC_STATICW,
+                SS_LEFT,
                 {kMargin, kMargin + kLabelDrop, kNameLabelWidth - kGap, kLabelHeight}},
                texts_.ResText(kTextPatternName));
-    AddControl(page, {IDC_cmbUserName0 + index, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+    AddControl(page, {IDC_cmbUserName0 + index,
+                      WC_COMBOBOXW,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
                       {comboLeft, kMargin, managerLeft - kGap - comboLeft, kComboDropHeight}});
     AddPageButton(page, IDC_cmdUserManager0 + index, kTextSettingManager,
                   {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, false);
@@ -141,19 +145,21 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
         AddButton(page, button, indexOnPage++, labels_.at(static_cast<std::size_t>(button) - 1));
     }
     // Behind its pictures in the order of windows, as the frame is drawn around them.
-    AddControl(page, {IDC_fraButtonSet0 + index, WC_BUTTONW, BS_GROUPBOX,
+    AddControl(page, {IDC_fraButtonSet0 + index,
+                      WC_BUTTONW,
+                      BS_GROUPBOX,
                       {kMargin, kFrameTop, kContentWidth, FrameHeight(settings_.Switches())}});
 
     const int bottom = PageHeight() - kMargin - kButtonHeight;
-    AddPageButton(page, IDC_cmdWizard0 + index, kTextWizardButton, {kMargin, bottom, kPageButtonWidth, kButtonHeight},
-                  false);
+    AddPageButton(page, IDC_cmdWizard0 + index, kTextWizardButton,
+                  {kMargin, bottom, kPageButtonWidth, kButtonHeight}, false);
     AddPageButton(page, IDC_cmdDefault0 + index, kTextDefault,
                   {managerLeft, bottom, kPageButtonWidth, kButtonHeight}, true);
 }
 
 void frmMain::AddPageButton(HWND page, int id, int textOffset, const DluRect& place, bool enabled) {
-    const HWND button =
-        AddControl(page, {id, WC_BUTTONW, BS_PUSHBUTTON | kTabStop | kGroup, place}, texts_.ResText(textOffset));
+    const HWND button = AddControl(page, {id, WC_BUTTONW, BS_PUSHBUTTON | kTabStop | kGroup, place},
+                                   texts_.ResText(textOffset));
     EnableWindow(button, enabled ? TRUE : FALSE);
 }
 
@@ -163,11 +169,12 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
         settings_.Switches().NR1t2 == 1 ? PlaceInColumn(indexOnPage) : PlaceInRow(indexOnPage);
     const HWND picture =
         AddControl(page, {IDC_picButton0 + index, WC_BUTTONW, BS_OWNERDRAW | kTabStop | kGroup, {}}, label);
-    pictures_.push_back({button, places.pictureCentre,
-                         std::make_unique<PictureButton>(
-                             picture, imlResource_,
-                             PictureButton::MouseEvents{[this, button] { ShowPictures(hover_.MoveOver(button)); },
-                                                        [this] { ShowPictures(hover_.MoveOff()); }})});
+    pictures_.push_back(
+        {button, places.pictureCentre,
+         std::make_unique<PictureButton>(
+             picture, imlResource_,
+             PictureButton::MouseEvents{[this, button] { ShowPictures(hover_.MoveOver(button)); },
+                                        [this] { ShowPictures(hover_.MoveOff()); }})});
     AddControl(page,
                {IDC_lblButtonName0 + index, WC_STATICW, places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS,
                 places.label},
@@ -194,24 +201,35 @@ void frmMain::CreateOnScreenPage(HWND page) {
     const int bottom = PageHeight() - kMargin - kButtonHeight;
 
     AddControl(page,
-               {IDC_chkOnScreen, WC_BUTTONW, BS_AUTOCHECKBOX | kTabStop,
+               {IDC_chkOnScreen,
+                WC_BUTTONW,
+                BS_AUTOCHECKBOX | kTabStop,
                 {kMargin, kMargin, kContentWidth, kCheckHeight}},
                texts_.ResText(kTextDisplayOnScreen));
     const auto addLabel = [&](int id, int textOffset, int left, int top, int width) {
-        AddControl(page, {id, WC_STATICW, SS_LEFT, {left, top, width, kLabelHeight}}, texts_.ResText(textOffset));
+        AddControl(page, {id, WC_STATICW, SS_LEFT, {left, top, width, kLabelHeight}},
+                   texts_.ResText(textOffset));
     };
     addLabel(IDC_lblFontName, kTextFont, faceLeft, labelTop, kFaceWidth);
-    AddControl(page, {IDC_cmbFontName, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+    AddControl(page, {IDC_cmbFontName,
+                      WC_COMBOBOXW,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
                       {faceLeft, boxTop, kFaceWidth, kComboDropHeight}});
     addLabel(IDC_lblFontSize, kTextSize, sizeLeft, labelTop, kSizeWidth);
-    AddControl(page, {IDC_cmbFontSize, WC_COMBOBOXW, CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+    AddControl(page, {IDC_cmbFontSize,
+                      WC_COMBOBOXW,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
                       {sizeLeft, boxTop, kSizeWidth, kComboDropHeight}});
     addLabel(IDC_lblFontColor, kTextColor, colorLeft, labelTop, kSelectWidth);
-    AddPageButton(page, IDC_CmdFontColor, kTextSelect, {colorLeft, boxTop, kSelectWidth, kButtonHeight}, true);
-    AddControl(page, {IDC_fraOnScreen, WC_BUTTONW, BS_GROUPBOX, {kMargin, frameTop, kContentWidth, kRowFrame}});
+    AddPageButton(page, IDC_CmdFontColor, kTextSelect, {colorLeft, boxTop, kSelectWidth, kButtonHeight},
+                  true);
+    AddControl(page,
+               {IDC_fraOnScreen, WC_BUTTONW, BS_GROUPBOX, {kMargin, frameTop, kContentWidth, kRowFrame}});
 
     addLabel(IDC_lblPreview, kTextPreview, kMargin, previewLabelTop, kContentWidth);
-    AddControl(page, {IDC_picPreview, WC_STATICW, SS_OWNERDRAW,
+    AddControl(page, {IDC_picPreview,
+                      WC_STATICW,
+                      SS_OWNERDRAW,
                       {kMargin, previewTop, kContentWidth, bottom - kMargin - previewTop}});
     AddPageButton(page, IDC_cmdDefault2, kTextDefault,
                   {kPageWidth - kMargin - kPageButtonWidth, bottom, kPageButtonWidth, kButtonHeight}, true);
@@ -219,7 +237,8 @@ void frmMain::CreateOnScreenPage(HWND page) {
 
 void frmMain::CreateDialogButtons() {
     const auto add = [this](int id, int textOffset, DWORD style) {
-        return AddControl(Window(), {id, WC_BUTTONW, style | kTabStop | kGroup, {}}, texts_.ResText(textOffset));
+        return AddControl(Window(), {id, WC_BUTTONW, style | kTabStop | kGroup, {}},
+                          texts_.ResText(textOffset));
     };
     add(IDC_cmdOK, kTextOk, BS_DEFPUSHBUTTON);
     add(IDC_cmdCancel, kTextCancel, BS_PUSHBUTTON);
@@ -238,10 +257,12 @@ SIZE frmMain::OnLayout() {
     const SIZE tabSize{tab.right - tab.left, tab.bottom - tab.top};
     constexpr UINT kFlags = SWP_NOZORDER | SWP_NOACTIVATE;
     SetWindowPos(Control(IDC_tabContainer), nullptr, margin, margin, tabSize.cx, tabSize.cy, kFlags);
-    pageArea_ = {margin - tab.left, margin - tab.top, margin - tab.left + page.right, margin - tab.top + page.bottom};
+    pageArea_ = {margin - tab.left, margin - tab.top, margin - tab.left + page.right,
+                 margin - tab.top + page.bottom};
     for (const Page& each : pages_) {
         if (each.window != nullptr) {
-            SetWindowPos(each.window, nullptr, pageArea_.left, pageArea_.top, page.right, page.bottom, kFlags);
+            SetWindowPos(each.window, nullptr, pageArea_.left, pageArea_.top, page.right, page.bottom,
+                         kFlags);
         }
     }
     PlacePictures();
@@ -270,7 +291,8 @@ void frmMain::PlacePictures() {
     for (const PlacedPicture& placed : pictures_) {
         const HWND picture = Control(IDC_picButton0 + placed.button - 1);
         SetWindowPos(picture, nullptr, TextFont().PixelsX(placed.centre.x) - size / 2,
-                     TextFont().PixelsY(placed.centre.y) - size / 2, size, size, SWP_NOZORDER | SWP_NOACTIVATE);
+                     TextFont().PixelsY(placed.centre.y) - size / 2, size, size,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
         if (placed.button - 1 <= lastRound) {
             const int region = RoundRegionPixels(size * kTwipsPerPixel, kTwipsPerPixel);
             // The window owns the region from here on.

@@ -8,17 +8,17 @@ std::wstring WindowsProfileFiles::GetString(const std::wstring& section, const s
                                             const std::wstring& fallback, const std::wstring& file,
                                             std::size_t bufferBytes) const {
     std::string buffer(bufferBytes, '\0');
-    const DWORD length = GetPrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(),
-                                                  ToAnsi(fallback).c_str(), buffer.data(),
-                                                  static_cast<DWORD>(buffer.size()), ToAnsi(file).c_str());
+    const DWORD length =
+        GetPrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(fallback).c_str(),
+                                 buffer.data(), static_cast<DWORD>(buffer.size()), ToAnsi(file).c_str());
     buffer.resize(length);
     return FromAnsi(buffer);
 }
 
 std::int32_t WindowsProfileFiles::GetInt(const std::wstring& section, const std::wstring& key,
                                          std::int32_t fallback, const std::wstring& file) const {
-    return static_cast<std::int32_t>(GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), fallback,
-                                                           ToAnsi(file).c_str()));
+    return static_cast<std::int32_t>(
+        GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), fallback, ToAnsi(file).c_str()));
 }
 
 bool WindowsProfileFiles::SetString(const std::wstring& section, const std::wstring& key,

@@ -7,8 +7,8 @@ public:
     [[nodiscard]] std::wstring GetString(const std::wstring& section, const std::wstring& key,
                                          const std::wstring& fallback, const std::wstring& file,
                                          std::size_t bufferBytes) const override;
-    [[nodiscard]] std::int32_t GetInt(const std::wstring& section, const std::wstring& key, std::int32_t fallback,
-                                      const std::wstring& file) const override;
+    [[nodiscard]] std::int32_t GetInt(const std::wstring& section, const std::wstring& key,
+                                      std::int32_t fallback, const std::wstring& file) const override;
     bool SetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                    const std::wstring& file) override;
 };

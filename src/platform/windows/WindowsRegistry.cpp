@@ -35,7 +35,7 @@ std::optional<RegistryValue> WindowsRegistry::Query(RegistryHive hive, const std
     value.bytes.resize(kUsualSize);
     for (;;) {
         DWORD type = 0;
-        DWORD size = static_cast<DWORD>(value.bytes.size());
+        auto size = static_cast<DWORD>(value.bytes.size());
         const LSTATUS status =
             RegQueryValueExA(key.get(), valueName.c_str(), nullptr, &type,
                              static_cast<BYTE*>(static_cast<void*>(value.bytes.data())), &size);
