@@ -7,6 +7,18 @@
 [[nodiscard]] std::wstring TextOf(HWND window);
 void SetTextOf(HWND window, const std::wstring& text);
 
+/// The hourglass, for as long as this lives.
+class WaitCursor {
+public:
+    WaitCursor() : previous_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    ~WaitCursor() { SetCursor(previous_); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+private:
+    HCURSOR previous_;
+};
+
 /// Entries of a combo box are numbered from 0; -1 is no selection.
 void ComboAdd(HWND combo, const std::wstring& text, LPARAM data = 0);
 [[nodiscard]] int ComboSelection(HWND combo);

@@ -22,6 +22,11 @@ COLORREF TextColor(const OnScreenSettings& settings) {
     return static_cast<COLORREF>(settings.Color) & kColorMask;
 }
 
+/// Closing the list counts too: Escape brings the former entry back without a word about it.
+bool IsChoice(int notification) {
+    return notification == CBN_SELCHANGE || notification == CBN_CLOSEUP;
+}
+
 } // namespace
 
 OnScreenPage::OnScreenPage(const Form& form, MainSettings& settings, const FontList& fonts,
@@ -68,15 +73,14 @@ bool OnScreenPage::OnCommand(int id, int notification) {
         EnableChoices();
         return true;
     case IDC_cmbFontName:
-        if (const int face = ComboSelection(form_.Control(id)); notification == CBN_SELCHANGE && face >= 0) {
+        if (const int face = ComboSelection(form_.Control(id)); IsChoice(notification) && face >= 0) {
             settings.FontName = fonts_.Faces().at(static_cast<std::size_t>(face));
             settings_.SetOnScreen(settings);
             RefreshPreview();
         }
         return true;
     case IDC_cmbFontSize:
-        if (const int entry = ComboSelection(form_.Control(id));
-            notification == CBN_SELCHANGE && entry >= 0) {
+        if (const int entry = ComboSelection(form_.Control(id)); IsChoice(notification) && entry >= 0) {
             settings.FontSize = static_cast<std::uint8_t>(ComboData(form_.Control(id), entry));
             settings_.SetOnScreen(settings);
             RefreshPreview();

@@ -196,7 +196,7 @@ void frmMain::OnCommand(int id, int notification) {
         Ok();
         break;
     case IDC_cmdCancel:
-        Close();
+        OnClose();
         break;
     case IDC_cmdApply:
         Apply();
@@ -241,9 +241,25 @@ bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
 void frmMain::SwitchToChosenPattern(int number) {
     const int answer = settings_.PatternChanged() ? AskToSave() : IDNO;
     if (answer != IDCANCEL) {
-        settings_.SwitchPattern(number, answer == IDYES);
+        SaveWith([&] { settings_.SwitchPattern(number, answer == IDYES); });
     }
     ShowCurrentPattern();
+}
+
+template <class Operation> void frmMain::SaveWith(Operation operation) {
+    if (saving_) {
+        return;
+    }
+    const WaitCursor cursor;
+    saving_ = true;
+    operation();
+    saving_ = false;
+}
+
+void frmMain::OnClose() {
+    if (!saving_) {
+        Close();
+    }
 }
 
 int frmMain::AskToSave() {
@@ -261,6 +277,9 @@ void frmMain::RestoreDefaults(MainPage page) {
 }
 
 void frmMain::Ok() {
+    if (saving_) {
+        return;
+    }
     settings_.WritePatternNumbers();
     if (settings_.AnythingChanged()) {
         const int answer = AskToSave();
@@ -268,15 +287,17 @@ void frmMain::Ok() {
             return;
         }
         if (answer == IDYES) {
-            settings_.Save();
+            SaveWith([this] { settings_.Save(); });
         }
     }
     Close();
 }
 
 void frmMain::Apply() {
-    settings_.WritePatternNumbers();
-    settings_.Save();
+    SaveWith([this] {
+        settings_.WritePatternNumbers();
+        settings_.Save();
+    });
 }
 
 bool frmMain::HasHelp() const {

@@ -39,6 +39,7 @@ protected:
     void OnDrawItem(const DRAWITEMSTRUCT& item) override;
     void OnMouseOverPage() override;
     void OnHelpKey() override;
+    void OnClose() override;
     void OnDestroy() override;
     bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnKeyDown(WPARAM key) override;
@@ -76,6 +77,7 @@ private:
     void SwitchToChosenPattern(int number);
     void RestoreDefaults(MainPage page);
     int AskToSave();
+    template <class Operation> void SaveWith(Operation operation);
     void Ok();
     void Apply();
     void Help();
@@ -98,4 +100,5 @@ private:
     ButtonHover hover_;
     bool filling_ = false; ///< the form itself changes its controls
     bool switchPending_ = false;
+    bool saving_ = false; ///< the launcher is being told; another program's message must not start it again
 };

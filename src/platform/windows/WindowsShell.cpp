@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-#include <bit>
+#include <cstdint>
 
 std::wstring WindowsShell::ProgramDirectory() const {
     std::wstring path(MAX_PATH, L'\0');
@@ -36,7 +36,7 @@ bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDir
     if (execute == nullptr) {
         return false;
     }
-    const HINSTANCE result = execute(std::bit_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
+    const HINSTANCE result = execute(reinterpret_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
                                      ToAnsi(workingDirectory).c_str(), SW_SHOWNORMAL);
-    return std::bit_cast<std::intptr_t>(result) > kLastErrorCode;
+    return reinterpret_cast<std::intptr_t>(result) > kLastErrorCode;
 }
