@@ -15,6 +15,8 @@ add_executable(QLBUtl WIN32
     dialogs/main/frmMain.cpp
     dialogs/main/frmMainControls.cpp
     dialogs/main/OnScreenPage.cpp
+    dialogs/patterns/frmInputBox.cpp
+    dialogs/patterns/frmManager.cpp
     ui/Controls.cpp
     ui/DialogFont.cpp
     ui/Dpi.cpp

@@ -15,7 +15,7 @@ constexpr int kPages = 3;
 
 bool HasKeyboard(const RegIniFunc& store) {
     const auto isNone = [](const std::wstring& text) { return text == L"0" || text == L" 0"; };
-    std::wstring keyboard = store.IniGetString(L"KORVOQLB", L"QLBKeyboard", L"0", store.OwnIniFile());
+    std::wstring keyboard = store.IniGetString(kProgramSection, L"QLBKeyboard", L"0", store.OwnIniFile());
     if (isNone(keyboard)) {
         keyboard = std::to_wstring(store.RegGetDword(RegistryHive::LocalMachine, kProductKey, L"QLBB"));
     }

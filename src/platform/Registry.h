@@ -29,4 +29,7 @@ public:
     /// RegCreateKeyA and RegSetValueExA; creates missing keys. False when the system refuses.
     virtual bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
                      const RegistryValue& value) = 0;
+
+    /// RegDeleteTreeA: the key with everything below it. True when it is gone, or was not there.
+    virtual bool DeleteKey(RegistryHive hive, const std::wstring& path) = 0;
 };

@@ -57,3 +57,12 @@
 #define IDC_CmdFontColor 1067
 #define IDC_lblPreview 1068
 #define IDC_picPreview 1069
+#define IDC_lblUserList 1080
+#define IDC_lstUserList 1081
+#define IDC_cmdAdd 1082
+#define IDC_cmdDelete 1083
+#define IDC_cmdCopy 1084
+#define IDC_cmdRename 1085
+#define IDC_cmdClose 1086
+#define IDC_lblInputBox 1090
+#define IDC_txtInputBox 1091

@@ -69,7 +69,7 @@ RegistryPlace PatternPlace(const std::wstring& section, const std::wstring& key)
 } // namespace
 
 std::optional<RegistryPlace> TranslateIniName(const std::wstring& section, const std::wstring& key) {
-    if (section == L"KORVOQLB") {
+    if (section == kProgramSection) {
         return RegistryPlace{kProductKey, ProductValueName(key), true};
     }
     if (section == L"ONSCREEN") {

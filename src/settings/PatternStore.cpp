@@ -9,10 +9,6 @@ constexpr const wchar_t* kDefaultSetKey = L"Software\\Korvo\\KORVOQLB\\Default\\
 constexpr const wchar_t* kDefaultIniKey = L"Software\\Korvo\\KORVOQLB\\Default\\USER1";
 constexpr const wchar_t* kConvAppKey = L"Software\\Korvo\\KORVOQLB\\UTLSetting\\ConvAppKey";
 
-std::wstring SectionOf(int pattern) {
-    return L"USER" + std::to_wstring(pattern);
-}
-
 std::int16_t ProgramCount(const std::wstring& text) {
     return static_cast<std::int16_t>(NumberInRangeOr(text, 1, kMaxPrograms, 0));
 }
@@ -56,14 +52,14 @@ Pattern PatternStore::LoadDefaultPattern() const {
 }
 
 std::wstring PatternStore::LoadPatternName(int number, const Pattern& defaults) const {
-    return store_.IniGetString(SectionOf(number), L"UserName", defaults.UserName, store_.OwnIniFile());
+    return store_.IniGetString(PatternSection(number), L"UserName", defaults.UserName, store_.OwnIniFile());
 }
 
 Pattern PatternStore::LoadPattern(int number, const Pattern& defaults) const {
     Pattern pattern;
     pattern.UserName = LoadPatternName(number, defaults);
     for (int button = 1; button <= buttonCount_; ++button) {
-        pattern.Btn(button) = LoadSlot(SectionOf(number), button, defaults.Btn(button));
+        pattern.Btn(button) = LoadSlot(PatternSection(number), button, defaults.Btn(button));
     }
     return pattern;
 }
@@ -95,7 +91,7 @@ ButtonSlot PatternStore::LoadSlot(const std::wstring& section, int button, const
 }
 
 void PatternStore::SavePattern(int number, Pattern& pattern) {
-    const std::wstring section = SectionOf(number);
+    const std::wstring section = PatternSection(number);
     // Failed writes stay without a word: the settings remain in the dialog, and the next Apply tries again.
     store_.IniSetString(section, L"UserName", pattern.UserName, store_.OwnIniFile());
     for (int button = 1; button <= buttonCount_; ++button) {

@@ -1,6 +1,7 @@
 #include "settings/RegIniFunc.h"
 
 #include "settings/IniTranslation.h"
+#include "settings/Pattern.h"
 #include "settings/StdModule.h"
 
 #include <cstring>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr std::size_t kRegistryBufferBytes = 2048;
 constexpr std::size_t kProfileBufferBytes = 512;
-constexpr std::int32_t kMaxPatterns = 10;
 
 /// A cut inside a double-byte character leaves a lead byte that would read as another character.
 std::wstring DecodeCut(const AnsiText& ansiText, std::string_view bytes) {
@@ -26,6 +26,10 @@ std::wstring DecodeCut(const AnsiText& ansiText, std::string_view bytes) {
 }
 
 } // namespace
+
+std::wstring PatternSection(int number) {
+    return L"USER" + std::to_wstring(number);
+}
 
 RegIniFunc::RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText,
                        std::wstring ownIniFile)
@@ -116,10 +120,19 @@ bool RegIniFunc::IniSetString(const std::wstring& section, const std::wstring& k
     return number && RegSetDword(RegistryHive::CurrentUser, place->path, place->name, *number);
 }
 
+bool RegIniFunc::IniDeleteSection(const std::wstring& section, const std::wstring& file) {
+    if (GoesToFile(file)) {
+        return profileFiles_.DeleteSection(section, file);
+    }
+    // Only a Pattern has a key of its own; the other sections share theirs with what is not ours to remove.
+    const auto place = TranslateIniName(section, L"UserName");
+    return place && place->name == L"SetName" && registry_.DeleteKey(RegistryHive::CurrentUser, place->path);
+}
+
 std::int32_t RegIniFunc::ReadCurrentPatternNumber() const {
-    return NumberInRangeOr(IniGetString(L"KORVOQLB", L"CurrUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
+    return NumberInRangeOr(IniGetString(kProgramSection, L"CurrUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
 }
 
 std::int32_t RegIniFunc::ReadPatternCount() const {
-    return NumberInRangeOr(IniGetString(L"KORVOQLB", L"NumUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
+    return NumberInRangeOr(IniGetString(kProgramSection, L"NumUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
 }

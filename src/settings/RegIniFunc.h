@@ -13,6 +13,11 @@ inline constexpr const wchar_t* kProductKey = L"Software\\Korvo\\KORVOQLB";
 /// The maker's switches of this program, under HKEY_LOCAL_MACHINE.
 inline constexpr const wchar_t* kUtilityKey = L"Software\\Korvo\\KORVOQLB\\UTLSetting";
 
+/// Section of the program's own numbers in the ini-style layer.
+inline constexpr const wchar_t* kProgramSection = L"KORVOQLB";
+/// Section of Pattern `number`, 1...10.
+[[nodiscard]] std::wstring PatternSection(int number);
+
 /// The settings store: a raw registry layer, and an ini-style layer that reaches either an ini file or the
 /// same settings under HKEY_CURRENT_USER. The resident launcher reads the same layout. Nothing is cached.
 class RegIniFunc {
@@ -51,6 +56,10 @@ public:
     /// has no place for the section.
     bool IniSetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                       const std::wstring& file);
+
+    /// Removes a section with all its entries; in the registry the key of a Pattern. False when the system
+    /// refuses, or the section is not one Pattern's.
+    bool IniDeleteSection(const std::wstring& section, const std::wstring& file);
 
     [[nodiscard]] const std::wstring& OwnIniFile() const { return ownIniFile_; }
 

@@ -50,10 +50,11 @@ HWND Form::Control(int id) const {
     return found == controls_.end() ? nullptr : found->second;
 }
 
-bool Form::CreateModeless(const std::wstring& fontName) {
+bool Form::CreateHidden(HWND owner, const std::wstring& fontName) {
+    owner_ = owner;
     fontName_ = fontName;
-    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), nullptr,
-                                                     FormProc, std::bit_cast<LPARAM>(this)) != nullptr;
+    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), owner, FormProc,
+                                                     std::bit_cast<LPARAM>(this)) != nullptr;
 }
 
 bool Form::HandleDialogMessage(MSG& message) {
@@ -62,6 +63,30 @@ bool Form::HandleDialogMessage(MSG& message) {
         return true;
     }
     return window_ != nullptr && IsDialogMessageW(window_, &message) != FALSE;
+}
+
+void Form::RunModal() {
+    modalEnded_ = false;
+    EnableWindow(owner_, FALSE);
+    SetFocus(GetNextDlgTabItem(window_, nullptr, FALSE));
+    ShowWindow(window_, SW_SHOW);
+    MSG message;
+    while (!modalEnded_) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            PostQuitMessage(static_cast<int>(message.wParam)); // the program's own loop ends too
+            break;
+        }
+        if (!HandleDialogMessage(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+    // The owner first: otherwise another program's window would become active.
+    EnableWindow(owner_, TRUE);
+    if (window_ != nullptr) {
+        ShowWindow(window_, SW_HIDE);
+    }
 }
 
 HWND Form::AddPage() {
@@ -93,11 +118,19 @@ void Form::FitToClient(SIZE client) {
     const SIZE size{frame.right - frame.left, frame.bottom - frame.top};
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTOPRIMARY), &monitor);
+    GetMonitorInfoW(MonitorFromWindow(owner_ != nullptr ? owner_ : window_, MONITOR_DEFAULTTOPRIMARY),
+                    &monitor);
     const RECT& work = monitor.rcWork;
+    RECT around = work;
+    if (owner_ != nullptr) {
+        GetWindowRect(owner_, &around);
+    }
     // Top left stays on the screen even when the form is larger than it.
-    const LONG left = std::max(work.left, (work.left + work.right - size.cx) / 2);
-    const LONG top = std::max(work.top, (work.top + work.bottom - size.cy) / 2);
+    const auto within = [](LONG begin, LONG end, LONG wanted, LONG length) {
+        return std::max(begin, std::min(wanted, end - length));
+    };
+    const LONG left = within(work.left, work.right, (around.left + around.right - size.cx) / 2, size.cx);
+    const LONG top = within(work.top, work.bottom, (around.top + around.bottom - size.cy) / 2, size.cy);
     SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -164,6 +197,14 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_HELP:
         OnHelpKey();
         return TRUE;
+    case WM_ACTIVATE:
+        if (LOWORD(wParam) != WA_INACTIVE) {
+            OnActivate();
+        }
+        return FALSE; // the system's own handling restores the focus
+    case WM_VKEYTOITEM:
+        OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
+        return -1; // the list box does what it does with the key
     case WM_DPICHANGED: {
         SetScaling(HIWORD(wParam));
         LayOut();

@@ -40,15 +40,19 @@ protected:
     Form() = default;
 
     /// Creates the hidden window, then calls OnCreate. False when the system refuses.
-    bool CreateModeless(const std::wstring& fontName);
+    bool CreateHidden(HWND owner, const std::wstring& fontName);
     void Close() { DestroyWindow(window_); }
+
+    /// Shows the form and keeps its owner from answering until EndModal. The window stays, hidden.
+    void RunModal();
+    void EndModal() { modalEnded_ = true; }
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of the
     /// form's other controls and comes first in the tab order.
     HWND AddPage();
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text = {});
-    /// Sizes the window for its client area and centres it in the work area.
+    /// Sizes the window for its client area and centres it over its owner, inside the work area.
     void FitToClient(SIZE client);
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
@@ -64,6 +68,9 @@ protected:
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     virtual void OnMouseOverPage() {}
     virtual void OnHelpKey() {}
+    virtual void OnActivate() {}
+    /// A key in a list box with LBS_WANTKEYBOARDINPUT.
+    virtual void OnListKey(int /*id*/, WORD /*key*/) {}
     /// The close box.
     virtual void OnClose() { Close(); }
     virtual void OnDestroy() {}
@@ -86,6 +93,8 @@ private:
     void LayOut();
 
     HWND window_ = nullptr;
+    HWND owner_ = nullptr;
+    bool modalEnded_ = false;
     std::wstring fontName_;
     std::unique_ptr<DialogFont> font_;
     std::vector<Placed> placed_;

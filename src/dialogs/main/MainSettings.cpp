@@ -3,33 +3,36 @@
 #include "app/LauncherNotification.h"
 #include "settings/RegIniFunc.h"
 
-namespace {
-
-constexpr const wchar_t* kSection = L"KORVOQLB";
-
-} // namespace
-
 MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FontList& fonts)
     : store_(store), launcher_(launcher), fonts_(fonts) {}
 
 void MainSettings::Load() {
     switches_ = LoadMakerSwitches(store_);
-    currentPattern_ = store_.ReadCurrentPatternNumber();
     defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
     onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
     unchangedOnScreen_ = onScreen_;
     defaults_ = Patterns().LoadDefaultPattern();
 
+    LoadPatternNumbers();
+    LoadCurrentPattern();
+}
+
+void MainSettings::LoadPatternNumbers() {
     const int count = store_.ReadPatternCount();
+    currentPattern_ = store_.ReadCurrentPatternNumber();
     if (currentPattern_ > count) {
         // A Pattern that no box could show would take edits that can't be found again.
         currentPattern_ = 1;
     }
-    LoadCurrentPattern();
     patternNames_.clear();
     for (int number = 1; number <= count; ++number) {
         patternNames_.push_back(Patterns().LoadPatternName(number, defaults_));
     }
+}
+
+void MainSettings::ReloadPatternList() {
+    LoadPatternNumbers();
+    working_.UserName = Patterns().LoadPatternName(currentPattern_, defaults_);
 }
 
 void MainSettings::LoadCurrentPattern() {
@@ -73,8 +76,9 @@ bool MainSettings::AnythingChanged() const {
 }
 
 void MainSettings::WritePatternNumbers() {
-    store_.IniSetString(kSection, L"CurrUser", std::to_wstring(currentPattern_), store_.OwnIniFile());
-    store_.IniSetString(kSection, L"NumUser", std::to_wstring(patternNames_.size()), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(currentPattern_), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"NumUser", std::to_wstring(patternNames_.size()),
+                        store_.OwnIniFile());
 }
 
 void MainSettings::Save() {
@@ -90,7 +94,7 @@ void MainSettings::SwitchPattern(int number, bool saveOld) {
         Patterns().SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;
-    store_.IniSetString(kSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());
     LoadCurrentPattern();
     launcher_.NotifyLauncher();
 }

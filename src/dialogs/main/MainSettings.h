@@ -57,7 +57,12 @@ public:
     /// told. `saveOld` saves the working Pattern first; otherwise its changes are gone.
     void SwitchPattern(int number, bool saveOld);
 
+    /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's name. Its
+    /// unsaved edits stay.
+    void ReloadPatternList();
+
 private:
+    void LoadPatternNumbers();
     [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
     void LoadCurrentPattern();
 

@@ -1,6 +1,7 @@
 #include "dialogs/main/frmMain.h"
 
 #include "app/Help.h"
+#include "dialogs/patterns/frmManager.h"
 #include "platform/Platform.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
@@ -41,7 +42,7 @@ bool frmMain::Load(std::wstring_view commandLine) {
     }
     fonts_.EnumerateFonts(platform_.fonts);
     settings_.Load();
-    return CreateModeless(Globals().DialogFontName);
+    return CreateHidden(nullptr, Globals().DialogFontName);
 }
 
 void frmMain::Show() {
@@ -192,6 +193,10 @@ void frmMain::OnCommand(int id, int notification) {
         return;
     }
     switch (id) {
+    case IDC_cmdUserManager0:
+    case IDC_cmdUserManager1:
+        ManagePatterns();
+        break;
     case IDC_cmdOK:
         Ok();
         break;
@@ -273,6 +278,17 @@ void frmMain::RestoreDefaults(MainPage page) {
         onScreenPage_.Refresh();
     } else {
         ShowButtons();
+    }
+}
+
+void frmMain::ManagePatterns() {
+    frmManager manager(Window(), store_, settings_.Switches().ButtonCount(), texts_, platform_.ansiText);
+    manager.ShowModal();
+    settings_.ReloadPatternList();
+    for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
+        if (HasControl(box)) {
+            FillPatternBox(Control(box));
+        }
     }
 }
 

@@ -78,6 +78,7 @@ private:
     void RestoreDefaults(MainPage page);
     int AskToSave();
     template <class Operation> void SaveWith(Operation operation);
+    void ManagePatterns();
     void Ok();
     void Apply();
     void Help();

@@ -138,7 +138,7 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
                       CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
                       {comboLeft, kMargin, managerLeft - kGap - comboLeft, kComboDropHeight}});
     AddPageButton(page, IDC_cmdUserManager0 + index, kTextSettingManager,
-                  {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, false);
+                  {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, true);
 
     int indexOnPage = 0;
     for (const int button : settings_.ButtonsOf(kind)) {

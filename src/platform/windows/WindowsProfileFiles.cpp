@@ -26,3 +26,8 @@ bool WindowsProfileFiles::SetString(const std::wstring& section, const std::wstr
     return WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(value).c_str(),
                                       ToAnsi(file).c_str()) != FALSE;
 }
+
+bool WindowsProfileFiles::DeleteSection(const std::wstring& section, const std::wstring& file) {
+    return WritePrivateProfileStringA(ToAnsi(section).c_str(), nullptr, nullptr, ToAnsi(file).c_str()) !=
+           FALSE;
+}

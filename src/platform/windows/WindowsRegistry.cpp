@@ -62,3 +62,8 @@ bool WindowsRegistry::Set(RegistryHive hive, const std::wstring& path, const std
                           static_cast<const BYTE*>(static_cast<const void*>(value.bytes.data())),
                           static_cast<DWORD>(value.bytes.size())) == ERROR_SUCCESS;
 }
+
+bool WindowsRegistry::DeleteKey(RegistryHive hive, const std::wstring& path) {
+    const LSTATUS status = RegDeleteTreeA(HiveHandle(hive), ToAnsi(path).c_str());
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
+}

@@ -8,4 +8,5 @@ public:
                                                      const std::wstring& name) const override;
     bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
              const RegistryValue& value) override;
+    bool DeleteKey(RegistryHive hive, const std::wstring& path) override;
 };

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "settings/Pattern.h"
+#include "settings/PatternStore.h"
+
+#include <string>
+#include <vector>
+
+class RegIniFunc;
+
+/// The user's Patterns as the pattern manager works on them: each operation is in the store when it returns.
+/// Indexes are 0-based positions in the list; Pattern numbers in the store are 1-based.
+class PatternList {
+public:
+    PatternList(RegIniFunc& store, int buttonCount);
+
+    /// Reads the numbers and every Pattern.
+    void Load();
+
+    [[nodiscard]] int Count() const { return static_cast<int>(records_.size()); }
+    [[nodiscard]] int CurrentPattern() const { return currentPattern_; } ///< 1-based
+    [[nodiscard]] const std::wstring& Name(int index) const { return Record(index).UserName; }
+    [[nodiscard]] std::vector<std::wstring> Names() const;
+    /// Offered as the name of a new Pattern.
+    [[nodiscard]] const std::wstring& DefaultName() const { return defaults_.UserName; }
+
+    [[nodiscard]] bool CanAdd() const { return Count() < kMaxPatterns; }
+    /// The current Pattern can't be deleted.
+    [[nodiscard]] bool CanDelete(int index) const { return index >= 0 && index + 1 != currentPattern_; }
+
+    /// The new Pattern is the last one. Names have been checked before.
+    void Add(const std::wstring& name);
+    void Copy(int index, const std::wstring& name);
+    void Rename(int index, const std::wstring& name);
+    /// Later Patterns move up. Returns the index to select.
+    int Delete(int index);
+
+private:
+    [[nodiscard]] const Pattern& Record(int index) const {
+        return records_.at(static_cast<std::size_t>(index));
+    }
+    void Append(Pattern pattern, const std::wstring& name);
+    void Save(int index);
+    void WriteNumber(const wchar_t* key, int number);
+
+    RegIniFunc& store_;
+    PatternStore patterns_;
+    Pattern defaults_;
+    std::vector<Pattern> records_;
+    int currentPattern_ = 1;
+};
