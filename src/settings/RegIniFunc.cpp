@@ -9,20 +9,17 @@
 
 namespace {
 
-constexpr std::size_t kRegistryBufferBytes = 2048;
-constexpr std::size_t kProfileBufferBytes = 512;
+constexpr std::size_t kLongestRegistryText = 2048;
+constexpr std::size_t kLongestProfileText = 511; ///< a buffer of 512 with its NUL
+/// More than is kept, so that the character at the cut is seen whole.
+constexpr std::size_t kSpareBytes = 8;
 
-/// A cut inside a double-byte character leaves a lead byte that would read as another character.
-std::wstring DecodeCut(const AnsiText& ansiText, std::string_view bytes) {
-    if (bytes.size() <= kRegistryBufferBytes) {
-        return ansiText.Decode(bytes);
+/// Cut between characters: half of a double-byte character would read as another one.
+std::wstring CutToBytes(const AnsiText& ansiText, std::wstring text, std::size_t maxBytes) {
+    while (ansiText.Encode(text).size() > maxBytes) {
+        text.pop_back();
     }
-    const std::string_view cut = bytes.substr(0, kRegistryBufferBytes);
-    std::wstring text = ansiText.Decode(cut);
-    if (ansiText.Encode(text) == cut) {
-        return text;
-    }
-    return ansiText.Decode(cut.substr(0, cut.size() - 1));
+    return text;
 }
 
 } // namespace
@@ -54,7 +51,9 @@ std::wstring RegIniFunc::RegGetString(RegistryHive hive, const std::wstring& pat
         return fallback;
     }
     const std::string_view bytes = value->bytes;
-    return DecodeCut(ansiText_, bytes.substr(0, bytes.find('\0')));
+    const std::string_view text = bytes.substr(0, bytes.find('\0'));
+    return CutToBytes(ansiText_, ansiText_.Decode(text.substr(0, kLongestRegistryText + kSpareBytes)),
+                      kLongestRegistryText);
 }
 
 bool RegIniFunc::RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
@@ -81,7 +80,9 @@ bool RegIniFunc::GoesToFile(const std::wstring& file) const {
 std::wstring RegIniFunc::IniGetString(const std::wstring& section, const std::wstring& key,
                                       const std::wstring& fallback, const std::wstring& file) const {
     if (GoesToFile(file)) {
-        return CutAtNul(profileFiles_.GetString(section, key, fallback, file, kProfileBufferBytes));
+        const std::wstring text =
+            profileFiles_.GetString(section, key, fallback, file, kLongestProfileText + kSpareBytes);
+        return CutToBytes(ansiText_, CutAtNul(text), kLongestProfileText);
     }
     const auto place = TranslateIniName(section, key);
     if (!place) {
@@ -127,6 +128,10 @@ bool RegIniFunc::IniDeleteSection(const std::wstring& section, const std::wstrin
     // Only a Pattern has a key of its own; the other sections share theirs with what is not ours to remove.
     const auto place = TranslateIniName(section, L"UserName");
     return place && place->name == L"SetName" && registry_.DeleteKey(RegistryHive::CurrentUser, place->path);
+}
+
+std::wstring RegIniFunc::AsStored(const std::wstring& text) const {
+    return ansiText_.Decode(ansiText_.Encode(text));
 }
 
 std::int32_t RegIniFunc::ReadCurrentPatternNumber() const {

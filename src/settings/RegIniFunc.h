@@ -61,6 +61,9 @@ public:
     /// refuses, or the section is not one Pattern's.
     bool IniDeleteSection(const std::wstring& section, const std::wstring& file);
 
+    /// What comes back of a text that is stored: characters that the ANSI code page lacks are replaced.
+    [[nodiscard]] std::wstring AsStored(const std::wstring& text) const;
+
     [[nodiscard]] const std::wstring& OwnIniFile() const { return ownIniFile_; }
 
     /// "CurrUser" of the own ini file when it is 1...10, else 1.

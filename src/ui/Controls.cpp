@@ -31,6 +31,19 @@ LPARAM ComboData(HWND combo, int index) {
     return SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0);
 }
 
-bool ComboIsOpen(HWND combo) {
-    return SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0;
+ComboEvent ComboEventOf(HWND combo, int notification) {
+    const bool open = SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0) != 0;
+    if (notification == CBN_SELENDCANCEL) {
+        return ComboEvent::Cancelled;
+    }
+    const bool chosen = notification == CBN_CLOSEUP || (notification == CBN_SELCHANGE && !open);
+    return chosen ? ComboEvent::Chosen : ComboEvent::None;
+}
+
+std::wstring WithoutAccessKeys(const std::wstring& text) {
+    std::wstring result;
+    for (const wchar_t c : text) {
+        result.append(c == L'&' ? 2 : 1, c);
+    }
+    return result;
 }

@@ -24,4 +24,11 @@ void ComboAdd(HWND combo, const std::wstring& text, LPARAM data = 0);
 [[nodiscard]] int ComboSelection(HWND combo);
 void ComboSelect(HWND combo, int index);
 [[nodiscard]] LPARAM ComboData(HWND combo, int index);
-[[nodiscard]] bool ComboIsOpen(HWND combo);
+
+/// What a notification of a combo box means. While its list is open, arrow keys only look; what counts is the entry
+/// that the list closes with.
+enum class ComboEvent { None, Chosen, Cancelled };
+[[nodiscard]] ComboEvent ComboEventOf(HWND combo, int notification);
+
+/// Text for a control that would take "&" for the mark of an access key.
+[[nodiscard]] std::wstring WithoutAccessKeys(const std::wstring& text);

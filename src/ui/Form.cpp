@@ -40,6 +40,8 @@ Form* FormOf(HWND window) {
 
 Form::~Form() {
     if (window_ != nullptr) {
+        // The derived part is gone: its window's last messages must not look for it.
+        SetWindowLongPtrW(window_, DWLP_USER, 0);
         DestroyWindow(window_);
     }
 }
@@ -90,22 +92,21 @@ void Form::RunModal() {
 }
 
 HWND Form::AddPage() {
-    const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc,
-                                         std::bit_cast<LPARAM>(this));
+    const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc, 0);
     EnableThemeDialogTexture(page, ETDT_ENABLETAB);
     SetWindowPos(page, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return page;
 }
 
-HWND Form::AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text) {
-    const RECT place = font_->Pixels(spec.place);
+HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& text) {
+    const RECT place = font_->Pixels(row.place);
     const HWND control =
-        CreateWindowExW(spec.exStyle, spec.windowClass, text.c_str(), spec.style | WS_CHILD | WS_VISIBLE,
+        CreateWindowExW(row.exStyle, row.windowClass, text.c_str(), row.style | WS_CHILD | WS_VISIBLE,
                         place.left, place.top, place.right - place.left, place.bottom - place.top, parent,
-                        std::bit_cast<HMENU>(static_cast<INT_PTR>(spec.id)), Instance(), nullptr);
-    controls_.emplace(spec.id, control);
-    if (spec.place.cx != 0) {
-        placed_.push_back({control, spec.place});
+                        std::bit_cast<HMENU>(static_cast<INT_PTR>(row.id)), Instance(), nullptr);
+    controls_.emplace(row.id, control);
+    if (row.place.cx != 0) {
+        placed_.push_back({control, row.place});
     }
     SendMessageW(control, WM_SETFONT, std::bit_cast<WPARAM>(font_->Handle()), FALSE);
     return control;
@@ -135,7 +136,7 @@ void Form::FitToClient(SIZE client) {
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
-    return MessageBoxW(window_, text.c_str(), title.c_str(), style);
+    return WhileAsking([&] { return MessageBoxW(window_, text.c_str(), title.c_str(), style); });
 }
 
 INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -155,11 +156,10 @@ INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM
 
 INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(window, DWLP_USER, lParam);
         DisableSystemScaling(window);
         return FALSE;
     }
-    Form* form = FormOf(window);
+    Form* form = FormOf(GetParent(window));
     if (form == nullptr) {
         return FALSE;
     }

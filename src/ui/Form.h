@@ -11,7 +11,7 @@
 #include <vector>
 
 /// One control of a form: what it is, where it stands on its parent, how it looks.
-struct ControlSpec {
+struct ControlRow {
     int id = 0;
     const wchar_t* windowClass = nullptr;
     DWORD style = 0;
@@ -33,6 +33,16 @@ public:
     [[nodiscard]] HWND Control(int id) const;
     [[nodiscard]] bool HasControl(int id) const { return controls_.contains(id); }
 
+    /// Runs a system dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user, but not
+    /// for another program's messages, which must not open a second dialog underneath or close the form.
+    template <class Dialog> auto WhileAsking(Dialog dialog) {
+        asking_ = true;
+        const auto answer = dialog();
+        asking_ = false;
+        return answer;
+    }
+    [[nodiscard]] bool IsAsking() const { return asking_; }
+
     /// First look at a message of the program's loop. True when the form has dealt with it.
     bool HandleDialogMessage(MSG& message);
 
@@ -51,13 +61,13 @@ protected:
     /// form's other controls and comes first in the tab order.
     HWND AddPage();
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
-    HWND AddControl(HWND parent, const ControlSpec& spec, const std::wstring& text = {});
+    HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});
     /// Sizes the window for its client area and centres it over its owner, inside the work area.
     void FitToClient(SIZE client);
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
     [[nodiscard]] UINT Dpi() const { return font_->Dpi(); }
-    /// A message box over this form. Returns the button (IDYES, ...).
+    /// A message box over this form. Returns the button (IDYES, ...), or 0 when the box could not be shown.
     int Ask(const std::wstring& text, const std::wstring& title, UINT style);
 
     virtual void OnCreate() = 0;
@@ -95,6 +105,7 @@ private:
     HWND window_ = nullptr;
     HWND owner_ = nullptr;
     bool modalEnded_ = false;
+    bool asking_ = false;
     std::wstring fontName_;
     std::unique_ptr<DialogFont> font_;
     std::vector<Placed> placed_;

@@ -38,6 +38,13 @@ void MainSettings::ReloadPatternList() {
 void MainSettings::LoadCurrentPattern() {
     working_ = Patterns().LoadPattern(currentPattern_, defaults_);
     unchanged_ = working_;
+    for (int button = 1; button <= switches_.ButtonCount(); ++button) {
+        ChoosePicture(button);
+    }
+}
+
+void MainSettings::ChoosePicture(int button) {
+    pictures_(button) = ButtonPictureIndex(working_, unchanged_, button);
 }
 
 std::vector<int> MainSettings::ButtonsOf(MainPage page) const {
@@ -54,16 +61,13 @@ std::vector<int> MainSettings::ButtonsOf(MainPage page) const {
     return buttons;
 }
 
-ButtonPicture MainSettings::PictureOf(int button) {
-    return ButtonPictureIndex(working_, unchanged_, button);
-}
-
 void MainSettings::RestoreDefaults(MainPage page) {
     if (page == MainPage::OnScreen) {
         onScreen_ = defaultOnScreen_;
     }
     for (const int button : ButtonsOf(page)) {
         working_.Btn(button) = defaults_.Btn(button);
+        ChoosePicture(button);
     }
 }
 
@@ -83,18 +87,23 @@ void MainSettings::WritePatternNumbers() {
 
 void MainSettings::Save() {
     Patterns().SavePattern(currentPattern_, working_);
+    for (int button = 1; button <= switches_.ButtonCount(); ++button) {
+        std::wstring& name = working_.Btn(button).Name;
+        name = store_.AsStored(name);
+    }
     SaveOnScreen(store_, onScreen_);
     unchanged_ = working_;
     unchangedOnScreen_ = onScreen_;
     launcher_.NotifyLauncher();
 }
 
-void MainSettings::SwitchPattern(int number, bool saveOld) {
+void MainSettings::SwitchPattern(int number, bool saveOld, const std::function<void()>& loaded) {
     if (saveOld) {
         Patterns().SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;
     store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());
     LoadCurrentPattern();
+    loaded();
     launcher_.NotifyLauncher();
 }

@@ -5,6 +5,7 @@
 #include "settings/Pattern.h"
 #include "settings/PatternStore.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,8 +35,8 @@ public:
     /// Numbers (1...8) of the buttons that a button page shows; none for the on-screen page.
     [[nodiscard]] std::vector<int> ButtonsOf(MainPage page) const;
 
-    /// ButtonPictureIndex of the working Pattern.
-    [[nodiscard]] ButtonPicture PictureOf(int button);
+    /// The picture that was chosen for the button when its settings last came from somewhere else.
+    [[nodiscard]] ButtonPicture PictureOf(int button) const { return pictures_(button); }
 
     /// Takes the text as it is.
     void SetButtonName(int button, const std::wstring& name) { working_.Btn(button).Name = name; }
@@ -50,12 +51,15 @@ public:
     /// Writes "CurrUser" and "NumUser".
     void WritePatternNumbers();
 
-    /// Saves the Pattern and the on-screen settings and tells the launcher.
+    /// Saves the Pattern and the on-screen settings and tells the launcher. Button names become what the ANSI code
+    /// page can store of them.
     void Save();
 
     /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the launcher
-    /// told. `saveOld` saves the working Pattern first; otherwise its changes are gone.
-    void SwitchPattern(int number, bool saveOld);
+    /// told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is called before
+    /// the launcher is told, which may take a while.
+    void SwitchPattern(
+        int number, bool saveOld, const std::function<void()>& loaded = [] {});
 
     /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's name. Its
     /// unsaved edits stay.
@@ -65,6 +69,7 @@ private:
     void LoadPatternNumbers();
     [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
     void LoadCurrentPattern();
+    void ChoosePicture(int button);
 
     RegIniFunc& store_;
     LauncherNotification& launcher_;
@@ -76,6 +81,7 @@ private:
     Pattern defaults_;
     Pattern working_;
     Pattern unchanged_;
+    NumberedFrom1<ButtonPicture, kMaxButtons> pictures_;
     OnScreenSettings defaultOnScreen_;
     OnScreenSettings onScreen_;
     OnScreenSettings unchangedOnScreen_;

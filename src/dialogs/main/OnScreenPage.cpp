@@ -22,14 +22,9 @@ COLORREF TextColor(const OnScreenSettings& settings) {
     return static_cast<COLORREF>(settings.Color) & kColorMask;
 }
 
-/// Closing the list counts too: Escape brings the former entry back without a word about it.
-bool IsChoice(int notification) {
-    return notification == CBN_SELCHANGE || notification == CBN_CLOSEUP;
-}
-
 } // namespace
 
-OnScreenPage::OnScreenPage(const Form& form, MainSettings& settings, const FontList& fonts,
+OnScreenPage::OnScreenPage(Form& form, MainSettings& settings, const FontList& fonts,
                            const StringTable& texts)
     : form_(form), settings_(settings), fonts_(fonts), texts_(texts) {
     customColors_.fill(RGB(255, 255, 255));
@@ -50,8 +45,7 @@ void OnScreenPage::Refresh() {
     const OnScreenSettings& settings = settings_.OnScreen();
     SendMessageW(form_.Control(IDC_chkOnScreen), BM_SETCHECK,
                  settings.OnScreen != 0 ? BST_CHECKED : BST_UNCHECKED, 0);
-    ComboSelect(form_.Control(IDC_cmbFontName), fonts_.IndexOf(settings.FontName));
-    ComboSelect(form_.Control(IDC_cmbFontSize), settings.FontSize - kSmallestFontStep);
+    SelectEntries();
     EnableChoices();
     RefreshPreview();
 }
@@ -73,18 +67,8 @@ bool OnScreenPage::OnCommand(int id, int notification) {
         EnableChoices();
         return true;
     case IDC_cmbFontName:
-        if (const int face = ComboSelection(form_.Control(id)); IsChoice(notification) && face >= 0) {
-            settings.FontName = fonts_.Faces().at(static_cast<std::size_t>(face));
-            settings_.SetOnScreen(settings);
-            RefreshPreview();
-        }
-        return true;
     case IDC_cmbFontSize:
-        if (const int entry = ComboSelection(form_.Control(id)); IsChoice(notification) && entry >= 0) {
-            settings.FontSize = static_cast<std::uint8_t>(ComboData(form_.Control(id), entry));
-            settings_.SetOnScreen(settings);
-            RefreshPreview();
-        }
+        OnChoice(form_.Control(id), id, notification);
         return true;
     case IDC_CmdFontColor:
         ChooseTextColor();
@@ -92,6 +76,31 @@ bool OnScreenPage::OnCommand(int id, int notification) {
     default:
         return false;
     }
+}
+
+void OnScreenPage::OnChoice(HWND combo, int id, int notification) {
+    const ComboEvent event = ComboEventOf(combo, notification);
+    if (event == ComboEvent::Cancelled) {
+        SelectEntries();
+    }
+    const int entry = ComboSelection(combo);
+    if (event != ComboEvent::Chosen || entry < 0) {
+        return;
+    }
+    OnScreenSettings settings = settings_.OnScreen();
+    if (id == IDC_cmbFontName) {
+        settings.FontName = fonts_.Faces().at(static_cast<std::size_t>(entry));
+    } else {
+        settings.FontSize = static_cast<std::uint8_t>(ComboData(combo, entry));
+    }
+    settings_.SetOnScreen(settings);
+    RefreshPreview();
+}
+
+void OnScreenPage::SelectEntries() {
+    const OnScreenSettings& settings = settings_.OnScreen();
+    ComboSelect(form_.Control(IDC_cmbFontName), fonts_.IndexOf(settings.FontName));
+    ComboSelect(form_.Control(IDC_cmbFontSize), settings.FontSize - kSmallestFontStep);
 }
 
 void OnScreenPage::ChooseTextColor() {
@@ -103,7 +112,7 @@ void OnScreenPage::ChooseTextColor() {
     choice.lpCustColors = customColors_.data();
     choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
     const auto chooseColor = SystemProcedure<BOOL WINAPI(CHOOSECOLORW*)>(L"comdlg32.dll", "ChooseColorW");
-    if (chooseColor != nullptr && chooseColor(&choice) != FALSE) {
+    if (chooseColor != nullptr && form_.WhileAsking([&] { return chooseColor(&choice); }) != FALSE) {
         settings.Color = static_cast<std::int32_t>(choice.rgbResult);
         settings_.SetOnScreen(settings);
         RefreshPreview();

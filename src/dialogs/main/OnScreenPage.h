@@ -12,7 +12,7 @@ class StringTable;
 /// The controls that set how a button's name is shown on the screen. The main dialog creates them.
 class OnScreenPage {
 public:
-    OnScreenPage(const Form& form, MainSettings& settings, const FontList& fonts, const StringTable& texts);
+    OnScreenPage(Form& form, MainSettings& settings, const FontList& fonts, const StringTable& texts);
 
     /// Fills the lists of faces and sizes, once.
     void FillLists();
@@ -28,9 +28,11 @@ private:
     static constexpr std::size_t kCustomColors = 16;
 
     void EnableChoices();
+    void SelectEntries();
+    void OnChoice(HWND combo, int id, int notification);
     void ChooseTextColor();
 
-    const Form& form_;
+    Form& form_;
     MainSettings& settings_;
     const FontList& fonts_;
     const StringTable& texts_;

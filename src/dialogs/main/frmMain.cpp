@@ -115,25 +115,39 @@ void frmMain::FillPatternBox(HWND box) {
     ComboSelect(box, settings_.CurrentPattern() - 1);
 }
 
-void frmMain::ShowCurrentPattern() {
+void frmMain::SelectCurrentPattern() {
     for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
         if (HasControl(box)) {
             ComboSelect(Control(box), settings_.CurrentPattern() - 1);
         }
     }
-    ShowButtons();
 }
 
-void frmMain::ShowButtons() {
+void frmMain::ShowCurrentPattern() {
+    SelectCurrentPattern();
     for (const PlacedPicture& placed : pictures_) {
         ShowButton(placed.button);
     }
 }
 
+void frmMain::ShowSavedNames() {
+    for (const PlacedPicture& placed : pictures_) {
+        const std::wstring& name = settings_.Slot(placed.button).Name;
+        const bool savedEmpty =
+            TextOf(Control(IDC_txtButtonName0 + placed.button - 1)).empty() && name == L" ";
+        if (!savedEmpty) {
+            ShowButton(placed.button);
+        }
+    }
+}
+
 void frmMain::ShowButton(int button) {
-    filling_ = true;
-    SetTextOf(Control(IDC_txtButtonName0 + button - 1), settings_.Slot(button).Name);
-    filling_ = false;
+    const HWND box = Control(IDC_txtButtonName0 + button - 1);
+    if (TextOf(box) != settings_.Slot(button).Name) { // else the caret would move
+        filling_ = true;
+        SetTextOf(box, settings_.Slot(button).Name);
+        filling_ = false;
+    }
     ShowPictures({button});
 }
 
@@ -175,6 +189,9 @@ void frmMain::OnNotify(const NMHDR& header) {
 }
 
 void frmMain::OnCommand(int id, int notification) {
+    if (!HasControl(id) || IsAsking()) {
+        return; // not from one of our controls, or not from the user
+    }
     if (onScreenPage_.OnCommand(id, notification)) {
         return;
     }
@@ -215,14 +232,11 @@ void frmMain::OnCommand(int id, int notification) {
 }
 
 void frmMain::ChoosePattern(int box, int notification) {
-    const HWND combo = Control(box);
-    if (notification == CBN_SELENDCANCEL) {
-        ComboSelect(combo, settings_.CurrentPattern() - 1);
-        return;
+    const ComboEvent event = ComboEventOf(Control(box), notification);
+    if (event == ComboEvent::Cancelled) {
+        SelectCurrentPattern();
     }
-    // While the list is open, arrow keys only look; what counts is the entry it closes with.
-    const bool chosen = (notification == CBN_SELCHANGE && !ComboIsOpen(combo)) || notification == CBN_CLOSEUP;
-    if (chosen && !switchPending_) {
+    if (event == ComboEvent::Chosen && !switchPending_) {
         // The question box must not open inside the combo box's own work.
         switchPending_ = PostMessageW(Window(), kSwitchPatternMessage, static_cast<WPARAM>(box), 0) != FALSE;
     }
@@ -233,10 +247,11 @@ bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
         return false;
     }
     switchPending_ = false;
-    if (!HasControl(static_cast<int>(wParam))) {
+    const auto box = static_cast<int>(wParam);
+    if (!IsOneOf(box, IDC_cmbUserName0, 2) || !HasControl(box) || IsAsking()) {
         return true;
     }
-    const int number = ComboSelection(Control(static_cast<int>(wParam))) + 1;
+    const int number = ComboSelection(Control(box)) + 1;
     if (number >= 1 && number != settings_.CurrentPattern()) {
         SwitchToChosenPattern(number);
     }
@@ -245,10 +260,10 @@ bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
 
 void frmMain::SwitchToChosenPattern(int number) {
     const int answer = settings_.PatternChanged() ? AskToSave() : IDNO;
-    if (answer != IDCANCEL) {
-        SaveWith([&] { settings_.SwitchPattern(number, answer == IDYES); });
+    if (answer == IDYES || answer == IDNO) {
+        SaveWith([&] { settings_.SwitchPattern(number, answer == IDYES, [this] { ShowCurrentPattern(); }); });
     }
-    ShowCurrentPattern();
+    SelectCurrentPattern();
 }
 
 template <class Operation> void frmMain::SaveWith(Operation operation) {
@@ -262,7 +277,7 @@ template <class Operation> void frmMain::SaveWith(Operation operation) {
 }
 
 void frmMain::OnClose() {
-    if (!saving_) {
+    if (!saving_ && !IsAsking()) {
         Close();
     }
 }
@@ -276,8 +291,9 @@ void frmMain::RestoreDefaults(MainPage page) {
     settings_.RestoreDefaults(page);
     if (page == MainPage::OnScreen) {
         onScreenPage_.Refresh();
-    } else {
-        ShowButtons();
+    }
+    for (const int button : settings_.ButtonsOf(page)) {
+        ShowButton(button);
     }
 }
 
@@ -299,7 +315,7 @@ void frmMain::Ok() {
     settings_.WritePatternNumbers();
     if (settings_.AnythingChanged()) {
         const int answer = AskToSave();
-        if (answer == IDCANCEL) {
+        if (answer != IDYES && answer != IDNO) {
             return;
         }
         if (answer == IDYES) {
@@ -314,6 +330,7 @@ void frmMain::Apply() {
         settings_.WritePatternNumbers();
         settings_.Save();
     });
+    ShowSavedNames();
 }
 
 bool frmMain::HasHelp() const {

@@ -67,7 +67,8 @@ private:
 
     void FillPatternBox(HWND box);
     void ShowCurrentPattern();
-    void ShowButtons();
+    void SelectCurrentPattern();
+    void ShowSavedNames();
     void ShowButton(int button);
     void ShowPictures(const std::vector<int>& buttons);
 

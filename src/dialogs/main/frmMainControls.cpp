@@ -95,7 +95,7 @@ void frmMain::OnCreate() {
     const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}});
     const auto captions = PageCaptions(store_, texts_);
     for (std::size_t i = 0; i < pages_.size(); ++i) {
-        std::wstring caption = captions.at(static_cast<std::size_t>(pages_[i].kind));
+        std::wstring caption = WithoutAccessKeys(captions.at(static_cast<std::size_t>(pages_[i].kind)));
         TCITEMW item{};
         item.mask = TCIF_TEXT;
         item.pszText = caption.data();
@@ -168,7 +168,8 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
     const ButtonPlaces places =
         settings_.Switches().NR1t2 == 1 ? PlaceInColumn(indexOnPage) : PlaceInRow(indexOnPage);
     const HWND picture =
-        AddControl(page, {IDC_picButton0 + index, WC_BUTTONW, BS_OWNERDRAW | kTabStop | kGroup, {}}, label);
+        AddControl(page, {IDC_picButton0 + index, WC_BUTTONW, BS_OWNERDRAW | kTabStop | kGroup, {}},
+                   WithoutAccessKeys(label));
     pictures_.push_back(
         {button, places.pictureCentre,
          std::make_unique<PictureButton>(
