@@ -173,6 +173,9 @@ INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM
 std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
+        if (asking_) {
+            return TRUE; // not from the user, who has another dialog before him
+        }
         OnCommand(LOWORD(wParam), HIWORD(wParam));
         return TRUE;
     case WM_NOTIFY:
@@ -192,7 +195,9 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     switch (message) {
     case WM_CLOSE:
-        OnClose();
+        if (!asking_) {
+            OnClose();
+        }
         return TRUE;
     case WM_HELP:
         OnHelpKey();

@@ -189,8 +189,8 @@ void frmMain::OnNotify(const NMHDR& header) {
 }
 
 void frmMain::OnCommand(int id, int notification) {
-    if (!HasControl(id) || IsAsking()) {
-        return; // not from one of our controls, or not from the user
+    if (!HasControl(id)) {
+        return; // not from one of our controls
     }
     if (onScreenPage_.OnCommand(id, notification)) {
         return;
@@ -277,7 +277,7 @@ template <class Operation> void frmMain::SaveWith(Operation operation) {
 }
 
 void frmMain::OnClose() {
-    if (!saving_ && !IsAsking()) {
+    if (!saving_) {
         Close();
     }
 }
@@ -299,7 +299,10 @@ void frmMain::RestoreDefaults(MainPage page) {
 
 void frmMain::ManagePatterns() {
     frmManager manager(Window(), store_, settings_.Switches().ButtonCount(), texts_, platform_.ansiText);
-    manager.ShowModal();
+    WhileAsking([&] {
+        manager.ShowModal();
+        return true;
+    });
     settings_.ReloadPatternList();
     for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
         if (HasControl(box)) {

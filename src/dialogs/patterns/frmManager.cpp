@@ -131,7 +131,10 @@ std::optional<std::wstring> frmManager::AskForName(int titleText, const std::wst
     box.InputTitle(texts_.ResText(titleText));
     box.SetUserNameList(patterns_.Names());
     box.SetUserName(initial);
-    box.ShowModal();
+    WhileAsking([&] {
+        box.ShowModal();
+        return true;
+    });
     std::optional<std::wstring> name;
     if (box.GetButtonStatus() == kStatusOk) {
         name = box.GetUserName();
