@@ -23,10 +23,12 @@ add_executable(QLBUtl WIN32
     ui/Form.cpp
     ui/PictureButton.cpp
     ui/PictureList.cpp
+    ui/Theme.cpp
     resources/QLBUtl.rc)
+file(GLOB qlb_pictures CONFIGURE_DEPENDS resources/pictures/*.bmp)
 set_source_files_properties(resources/QLBUtl.rc PROPERTIES
     COMPILE_OPTIONS "-c65001"
-    OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest")
+    OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
 target_link_options(QLBUtl PRIVATE -municode)
-target_link_libraries(QLBUtl PRIVATE qlb_core qlb_windows qlb_warnings comctl32 uxtheme)
+target_link_libraries(QLBUtl PRIVATE qlb_core qlb_windows qlb_warnings comctl32)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -13,6 +13,9 @@
 
 int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_t* lpCmdLine,
                     int /*nShowCmd*/) {
+    // The program may lie in a folder of downloads: no library is taken from there.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+
     WindowsRegistry registry;
     WindowsProfileFiles profileFiles;
     const WindowsAnsiText ansiText;

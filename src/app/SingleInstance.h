@@ -5,9 +5,6 @@
 
 class StringTable;
 
-/// The one Win32 class of all our forms.
-inline constexpr const wchar_t* kFormClass = L"QLBUtlForm";
-
 /// True when another instance runs; its settings dialog, or its wizard that runs alone, is then brought forward.
 [[nodiscard]] bool YieldToOtherInstance(InstanceGuard& guard, TopLevelWindows& windows,
                                         const StringTable& texts);

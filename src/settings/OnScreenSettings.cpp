@@ -1,6 +1,6 @@
 #include "settings/OnScreenSettings.h"
 
-#include "dialogs/main/EnumFont.h"
+#include "settings/FaceMatcher.h"
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
 
@@ -34,7 +34,7 @@ std::int32_t ColorFromDecimalDigits(std::int32_t stored) {
     return color > kAllBits ? kGreen : static_cast<std::int32_t>(static_cast<std::uint32_t>(color));
 }
 
-OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FontList& fonts) {
+OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FaceMatcher& fonts) {
     const std::wstring path = std::wstring(kProductKey) + L"\\Default\\OnScreen";
     const auto number = [&](const wchar_t* name) {
         return store.RegGetDword(RegistryHive::LocalMachine, path, name);
@@ -50,7 +50,7 @@ OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FontList& fo
     return settings;
 }
 
-OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FontList& fonts,
+OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FaceMatcher& fonts,
                               const OnScreenSettings& defaults) {
     const auto read = [&](const wchar_t* key, const std::wstring& fallback) {
         return store.IniGetString(kSection, key, fallback, store.OwnIniFile());

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-class FontList;
+class FaceMatcher;
 class RegIniFunc;
 
 inline constexpr std::uint8_t kSmallestFontStep = 1;
@@ -28,10 +28,10 @@ struct OnScreenSettings {
 [[nodiscard]] std::int32_t ColorFromDecimalDigits(std::int32_t stored);
 
 /// HKLM "Default\OnScreen". The face is one of `fonts` where it can be.
-[[nodiscard]] OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FontList& fonts);
+[[nodiscard]] OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FaceMatcher& fonts);
 
 /// Section "ONSCREEN"; what is missing or out of range comes from `defaults`.
-[[nodiscard]] OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FontList& fonts,
+[[nodiscard]] OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FaceMatcher& fonts,
                                             const OnScreenSettings& defaults);
 
 void SaveOnScreen(RegIniFunc& store, const OnScreenSettings& settings);

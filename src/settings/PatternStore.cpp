@@ -92,7 +92,7 @@ ButtonSlot PatternStore::LoadSlot(const std::wstring& section, int button, const
 
 void PatternStore::SavePattern(int number, Pattern& pattern) {
     const std::wstring section = PatternSection(number);
-    // Failed writes stay without a word: the settings remain in the dialog, and the next Apply tries again.
+    // Failed writes stay without a word, here and below: there is nothing that the user could do about them.
     store_.IniSetString(section, L"UserName", pattern.UserName, store_.OwnIniFile());
     for (int button = 1; button <= buttonCount_; ++button) {
         SaveSlot(section, button, pattern.Btn(button));

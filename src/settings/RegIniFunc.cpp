@@ -17,7 +17,11 @@ constexpr std::size_t kSpareBytes = 8;
 /// Cut between characters: half of a double-byte character would read as another one.
 std::wstring CutToBytes(const AnsiText& ansiText, std::wstring text, std::size_t maxBytes) {
     while (ansiText.Encode(text).size() > maxBytes) {
+        const bool half = text.back() >= 0xDC00 && text.back() <= 0xDFFF;
         text.pop_back();
+        if (half && !text.empty()) {
+            text.pop_back(); // the other half of the pair
+        }
     }
     return text;
 }

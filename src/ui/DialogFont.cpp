@@ -24,13 +24,10 @@ SIZE MeasureBaseUnits(HFONT font) {
     return {std::max<LONG>(width, 1), std::max<LONG>(metrics.tmHeight, 1)};
 }
 
-/// In the size that Windows' own dialogs have in the language of the face.
+/// In the size that Windows' own dialogs have in the language of the face; a Japanese face has a Japanese name.
 Font CreateDialogFont(const std::wstring& faceName, UINT dpi) {
-    Font font = CreateFontOfPoints(faceName, kLatinPoints, dpi);
-    const MemoryDc hdc(CreateCompatibleDC(nullptr));
-    const Selected selected(hdc.get(), font.get());
-    return GetTextCharset(hdc.get()) == SHIFTJIS_CHARSET ? CreateFontOfPoints(faceName, kKanjiPoints, dpi)
-                                                         : std::move(font);
+    const bool kanji = std::any_of(faceName.begin(), faceName.end(), [](wchar_t c) { return c > 0x7F; });
+    return CreateFontOfPoints(faceName, kanji ? kKanjiPoints : kLatinPoints, dpi);
 }
 
 } // namespace
@@ -40,7 +37,6 @@ Font CreateFontOfPoints(const std::wstring& faceName, int points, UINT dpi) {
     font.lfHeight = -MulDiv(points, static_cast<int>(dpi), kPointsPerInch);
     font.lfWeight = FW_NORMAL;
     font.lfCharSet = DEFAULT_CHARSET;
-    font.lfQuality = CLEARTYPE_QUALITY;
     faceName.copy(font.lfFaceName, LF_FACESIZE - 1);
     return Font(CreateFontIndirectW(&font));
 }

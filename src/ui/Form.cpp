@@ -1,10 +1,9 @@
 #include "ui/Form.h"
 
-#include "app/SingleInstance.h"
 #include "resources/resource.h"
 #include "ui/Dpi.h"
-
-#include <uxtheme.h>
+#include "ui/FormClass.h"
+#include "ui/Theme.h"
 
 #include <algorithm>
 #include <bit>
@@ -30,6 +29,12 @@ bool RegisterFormClass() {
         return RegisterClassExW(&windowClass);
     }();
     return kClass != 0;
+}
+
+/// The common controls hear of new system colours only from their top-level window.
+BOOL CALLBACK ForwardColorChange(HWND control, LPARAM /*unused*/) noexcept {
+    SendMessageW(control, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
 }
 
 Form* FormOf(HWND window) {
@@ -60,17 +65,29 @@ bool Form::CreateHidden(HWND owner, const std::wstring& fontName) {
 }
 
 bool Form::HandleDialogMessage(MSG& message) {
+    if (window_ == nullptr) {
+        return false;
+    }
     const bool ours = message.hwnd == window_ || IsChild(window_, message.hwnd) != FALSE;
     if (ours && message.message == WM_KEYDOWN && OnKeyDown(message.wParam)) {
         return true;
     }
-    return window_ != nullptr && IsDialogMessageW(window_, &message) != FALSE;
+    if (ours && message.message == WM_MOUSEWHEEL && OnMouseWheel(message.hwnd)) {
+        return true;
+    }
+    return IsDialogMessageW(window_, &message) != FALSE;
+}
+
+void Form::FocusFirst(HWND parent) {
+    // By message, so that the default button follows.
+    SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(GetNextDlgTabItem(parent, nullptr, FALSE)),
+                 TRUE);
 }
 
 void Form::RunModal() {
     modalEnded_ = false;
     EnableWindow(owner_, FALSE);
-    SetFocus(GetNextDlgTabItem(window_, nullptr, FALSE));
+    FocusFirst(window_);
     ShowWindow(window_, SW_SHOW);
     MSG message;
     while (!modalEnded_) {
@@ -91,9 +108,13 @@ void Form::RunModal() {
     }
 }
 
-HWND Form::AddPage() {
+HWND Form::AddPage(const std::wstring& name) {
     const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc, 0);
-    EnableThemeDialogTexture(page, ETDT_ENABLETAB);
+    if (page == nullptr) {
+        return nullptr;
+    }
+    SetWindowTextW(page, name.c_str()); // what a screen reader says when the page is entered
+    UseTabBackground(page);
     SetWindowPos(page, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return page;
 }
@@ -104,6 +125,9 @@ HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& te
         CreateWindowExW(row.exStyle, row.windowClass, text.c_str(), row.style | WS_CHILD | WS_VISIBLE,
                         place.left, place.top, place.right - place.left, place.bottom - place.top, parent,
                         std::bit_cast<HMENU>(static_cast<INT_PTR>(row.id)), Instance(), nullptr);
+    if (control == nullptr) {
+        return nullptr;
+    }
     controls_.emplace(row.id, control);
     if (row.place.cx != 0) {
         placed_.push_back({control, row.place});
@@ -112,11 +136,7 @@ HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& te
     return control;
 }
 
-void Form::FitToClient(SIZE client) {
-    RECT frame{0, 0, client.cx, client.cy};
-    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                             static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), Dpi());
-    const SIZE size{frame.right - frame.left, frame.bottom - frame.top};
+void Form::Centre(SIZE size) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(owner_ != nullptr ? owner_ : window_, MONITOR_DEFAULTTOPRIMARY),
@@ -135,11 +155,22 @@ void Form::FitToClient(SIZE client) {
     SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Form::OnScalingChanged(UINT dpi, const RECT& suggested) {
+    if (scaling_) {
+        return; // moving the window below may ask again
+    }
+    const ScopedFlag scaling(scaling_);
+    SetScaling(dpi);
+    const SIZE size = LayOut();
+    SetWindowPos(window_, nullptr, suggested.left, suggested.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
     return WhileAsking([&] { return MessageBoxW(window_, text.c_str(), title.c_str(), style); });
 }
 
-INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
         auto* form = std::bit_cast<Form*>(lParam);
         SetWindowLongPtrW(window, DWLP_USER, lParam);
@@ -147,14 +178,14 @@ INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM
         DisableSystemScaling(window);
         form->SetScaling(GetDpiForWindow(window));
         form->OnCreate();
-        form->FitToClient(form->OnLayout());
+        form->Centre(form->LayOut());
         return FALSE;
     }
     Form* form = FormOf(window);
     return form == nullptr ? FALSE : form->OnMessage(message, wParam, lParam);
 }
 
-INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
         DisableSystemScaling(window);
         return FALSE;
@@ -174,7 +205,7 @@ std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARA
     switch (message) {
     case WM_COMMAND:
         if (asking_) {
-            return TRUE; // not from the user, who has another dialog before him
+            return TRUE; // not from the user, who has another dialog in front
         }
         OnCommand(LOWORD(wParam), HIWORD(wParam));
         return TRUE;
@@ -210,16 +241,16 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_VKEYTOITEM:
         OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
         return -1; // the list box does what it does with the key
-    case WM_DPICHANGED: {
-        SetScaling(HIWORD(wParam));
-        LayOut();
-        const RECT& suggested = *std::bit_cast<const RECT*>(lParam);
-        SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    case WM_DPICHANGED:
+        OnScalingChanged(HIWORD(wParam), *std::bit_cast<const RECT*>(lParam));
         return TRUE;
-    }
+    case WM_SYSCOLORCHANGE:
+        EnumChildWindows(window_, ForwardColorChange, 0);
+        return FALSE;
     case WM_DESTROY:
         OnDestroy();
+        // The controls go after this, and have nothing more to say.
+        SetWindowLongPtrW(window_, DWLP_USER, 0);
         window_ = nullptr;
         return TRUE;
     default:
@@ -236,11 +267,15 @@ void Form::SetScaling(UINT dpi) {
     font_ = std::move(font); // only now: until here the controls drew with the old one
 }
 
-void Form::LayOut() {
+SIZE Form::LayOut() {
     for (const Placed& placed : placed_) {
         const RECT place = font_->Pixels(placed.place);
         SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    FitToClient(OnLayout());
+    const SIZE client = OnLayout();
+    RECT frame{0, 0, client.cx, client.cy};
+    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), Dpi());
+    return {frame.right - frame.left, frame.bottom - frame.top};
 }

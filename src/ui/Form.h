@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/DialogFont.h"
+#include "ui/ScopedFlag.h"
 
 #include <windows.h>
 
@@ -36,10 +37,8 @@ public:
     /// Runs a system dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user, but not
     /// for another program's messages, which must not open a second dialog underneath or close the form.
     template <class Dialog> auto WhileAsking(Dialog dialog) {
-        asking_ = true;
-        const auto answer = dialog();
-        asking_ = false;
-        return answer;
+        const ScopedFlag asking(asking_);
+        return dialog();
     }
     [[nodiscard]] bool IsAsking() const { return asking_; }
 
@@ -53,17 +52,18 @@ protected:
     bool CreateHidden(HWND owner, const std::wstring& fontName);
     void Close() { DestroyWindow(window_); }
 
+    /// The focus to the first tab stop of the form or of one of its pages.
+    void FocusFirst(HWND parent);
+
     /// Shows the form and keeps its owner from answering until EndModal. The window stays, hidden.
     void RunModal();
     void EndModal() { modalEnded_ = true; }
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of the
     /// form's other controls and comes first in the tab order.
-    HWND AddPage();
+    HWND AddPage(const std::wstring& name);
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});
-    /// Sizes the window for its client area and centres it over its owner, inside the work area.
-    void FitToClient(SIZE client);
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
     [[nodiscard]] UINT Dpi() const { return font_->Dpi(); }
@@ -86,8 +86,9 @@ protected:
     virtual void OnDestroy() {}
     /// Messages from WM_APP on. True when handled.
     virtual bool OnPrivateMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
-    /// A key on its way to a control. True keeps it from there.
+    /// A key, or the mouse wheel, on its way to a control. True keeps it from there.
     virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
+    virtual bool OnMouseWheel(HWND /*control*/) { return false; }
 
 private:
     struct Placed {
@@ -95,16 +96,20 @@ private:
         DluRect place;
     };
 
-    static INT_PTR CALLBACK FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static INT_PTR CALLBACK FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    static INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<INT_PTR> OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void SetScaling(UINT dpi);
-    void LayOut();
+    /// Lays the controls out; returns the size of the whole window.
+    SIZE LayOut();
+    void Centre(SIZE size);
+    void OnScalingChanged(UINT dpi, const RECT& suggested);
 
     HWND window_ = nullptr;
     HWND owner_ = nullptr;
     bool modalEnded_ = false;
+    bool scaling_ = false;
     bool asking_ = false;
     std::wstring fontName_;
     std::unique_ptr<DialogFont> font_;

@@ -1,9 +1,9 @@
 #include "ui/PictureButton.h"
 
 #include "ui/Dpi.h"
+#include "ui/Theme.h"
 
 #include <commctrl.h>
-#include <uxtheme.h>
 
 #include <bit>
 
@@ -20,7 +20,7 @@ void PaintBackground(HWND button, HDC hdc, const RECT& area) {
     FillRect(hdc, &area,
              std::bit_cast<HBRUSH>(SendMessageW(parent, WM_CTLCOLORBTN, std::bit_cast<WPARAM>(hdc),
                                                 std::bit_cast<LPARAM>(button))));
-    DrawThemeParentBackground(button, hdc, nullptr);
+    PaintParentTheme(button, hdc);
 }
 
 } // namespace
@@ -31,7 +31,9 @@ PictureButton::PictureButton(HWND button, PictureList& pictures, MouseEvents eve
 }
 
 PictureButton::~PictureButton() {
-    RemoveWindowSubclass(button_, Subclass, kSubclassId);
+    if (button_ != nullptr) {
+        RemoveWindowSubclass(button_, Subclass, kSubclassId);
+    }
 }
 
 int PictureButton::SizeFor(UINT dpi) {
@@ -70,9 +72,16 @@ void PictureButton::Draw(const DRAWITEMSTRUCT& item) const {
 }
 
 LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR /*id*/, DWORD_PTR self) {
-    const auto* picture = std::bit_cast<const PictureButton*>(self);
+                                         UINT_PTR /*id*/, DWORD_PTR self) noexcept {
+    auto* picture = std::bit_cast<PictureButton*>(self);
     switch (message) {
+    case WM_GETDLGCODE:
+        // The system leaves this out for buttons that draw themselves; Enter would press OK instead of this one.
+        return DLGC_BUTTON | (picture->isDefault_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+    case BM_SETSTYLE:
+        // Passed on, it would take the owner drawing away.
+        picture->isDefault_ = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+        return 0;
     case WM_MOUSEMOVE: {
         TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, button, 0};
         TrackMouseEvent(&track);
@@ -84,6 +93,10 @@ LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wPara
         break;
     case WM_ERASEBKGND:
         return 1; // Draw covers all of it
+    case WM_NCDESTROY:
+        RemoveWindowSubclass(button, Subclass, kSubclassId);
+        picture->button_ = nullptr;
+        break;
     default:
         break;
     }

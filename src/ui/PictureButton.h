@@ -29,11 +29,12 @@ public:
 
 private:
     static LRESULT CALLBACK Subclass(HWND button, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                     DWORD_PTR self);
+                                     DWORD_PTR self) noexcept;
 
     HWND button_;
     PictureList& pictures_;
     MouseEvents events_;
     int picture_ = 0;
     int pressedPicture_ = 0;
+    bool isDefault_ = false; ///< Enter presses it
 };

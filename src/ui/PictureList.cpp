@@ -22,8 +22,9 @@ BITMAPINFO TopDownInfo(int size) {
 
 SquarePixels LoadPixels(const wchar_t* name) {
     SquarePixels square;
+    // Not as a DIB section: the resources are run-length encoded.
     const Bitmap bitmap(static_cast<HBITMAP>(
-        LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+        LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
     BITMAP properties{};
     if (!bitmap || GetObjectW(bitmap.get(), sizeof properties, &properties) == 0) {
         return square;

@@ -14,6 +14,9 @@ public:
         scaled_.clear();
     }
 
+    /// The scaling changed: the sizes made so far are not needed any more.
+    void ForgetSizes() { scaled_.clear(); }
+
     /// A 32-bit bitmap of `size` x `size` pixels with premultiplied alpha; null when the resource is missing.
     [[nodiscard]] HBITMAP Picture(int number, int size);
 

@@ -70,6 +70,10 @@ std::vector<int> ButtonHover::MoveOver(int button) {
     return changed;
 }
 
+std::vector<int> ButtonHover::Leave(int button) {
+    return button_ == button ? MoveOff() : std::vector<int>();
+}
+
 std::vector<int> ButtonHover::MoveOff() {
     if (button_ == 0) {
         return {};

@@ -30,8 +30,10 @@ class ButtonHover {
 public:
     /// Returns the buttons (1...8) to draw again: none, or the one left and the one entered.
     std::vector<int> MoveOver(int button);
-    /// Over the frame around the pictures, or off the window.
+    /// Over the frame around the pictures.
     std::vector<int> MoveOff();
+    /// Off this button. The word of it may come after the mouse is over the next one.
+    std::vector<int> Leave(int button);
 
     [[nodiscard]] bool IsOver(int button) const { return button_ == button; }
 

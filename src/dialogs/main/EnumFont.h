@@ -1,12 +1,14 @@
 #pragma once
 
 #include "platform/InstalledFonts.h"
+#include "settings/FaceMatcher.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 /// The faces offered for the on-screen text.
-class FontList {
+class FontList final : public FaceMatcher {
 public:
     /// `fallbackFace`: the dialog font (string id 3002).
     explicit FontList(std::wstring fallbackFace) : fallbackFace_(std::move(fallbackFace)) {}
@@ -17,7 +19,7 @@ public:
 
     /// The list's spelling of `wanted`, or else of the fallback face. When neither is installed, `wanted` as it
     /// is: the box then shows no selection, and a face that is missing only today is not lost by saving.
-    [[nodiscard]] std::wstring MatchInstalledFont(const std::wstring& wanted) const;
+    [[nodiscard]] std::wstring MatchInstalledFont(const std::wstring& wanted) const override;
 
     [[nodiscard]] const std::vector<std::wstring>& Faces() const { return faces_; }
 

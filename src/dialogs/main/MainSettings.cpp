@@ -3,7 +3,7 @@
 #include "app/LauncherNotification.h"
 #include "settings/RegIniFunc.h"
 
-MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FontList& fonts)
+MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts)
     : store_(store), launcher_(launcher), fonts_(fonts) {}
 
 void MainSettings::Load() {

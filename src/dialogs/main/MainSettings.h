@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-class FontList;
+class FaceMatcher;
 class LauncherNotification;
 class RegIniFunc;
 
@@ -20,7 +20,7 @@ enum class MainPage { Desktop = 0, Notebook = 1, OnScreen = 2 };
 /// copies that were last loaded or saved. Only Save, SwitchPattern and WritePatternNumbers touch the store.
 class MainSettings {
 public:
-    MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FontList& fonts);
+    MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts);
 
     /// Reads the maker's switches and all settings.
     void Load();
@@ -73,7 +73,7 @@ private:
 
     RegIniFunc& store_;
     LauncherNotification& launcher_;
-    const FontList& fonts_;
+    const FaceMatcher& fonts_;
 
     MakerSwitches switches_;
     int currentPattern_ = 1;

@@ -15,7 +15,7 @@
 namespace {
 
 /// What the steps stand for in the preview, in points. The launcher sizes its own text.
-constexpr std::array kStepPoints{10, 14, 18, 24, 32};
+constexpr std::array kStepPoints{10, 13, 16, 20, 26};
 constexpr COLORREF kColorMask = 0x00FFFFFF;
 
 COLORREF TextColor(const OnScreenSettings& settings) {
@@ -133,11 +133,13 @@ void OnScreenPage::DrawPreview(const DRAWITEMSTRUCT& item) const {
     const OnScreenSettings& settings = settings_.OnScreen();
     const int points = kStepPoints.at(static_cast<std::size_t>(settings.FontSize - kSmallestFontStep));
     const Font font = CreateFontOfPoints(settings.FontName, points, GetDpiForWindow(item.hwndItem));
-    const Selected selected(item.hDC, font.get());
+    const int saved = SaveDC(item.hDC);
+    SelectObject(item.hDC, font.get());
     RECT area = item.rcItem;
     FillRect(item.hDC, &area, GetSysColorBrush(COLOR_DESKTOP));
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, TextColor(settings));
     DrawTextW(item.hDC, TextOf(item.hwndItem).c_str(), -1, &area,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    RestoreDC(item.hDC, saved);
 }

@@ -53,7 +53,7 @@ void frmMain::Show() {
         }
     }
     SelectPage(tabIndex);
-    SetFocus(GetNextDlgTabItem(Window(), nullptr, FALSE));
+    FocusFirst(Window());
     ShowWindow(Window(), SW_SHOW);
     SetForegroundWindow(Window());
 }
@@ -63,19 +63,22 @@ void frmMain::OnDestroy() {
 }
 
 void frmMain::SelectPage(int tabIndex) {
+    Page& selected = pages_.at(static_cast<std::size_t>(tabIndex));
     SendMessageW(Control(IDC_tabContainer), TCM_SETCURSEL, static_cast<WPARAM>(tabIndex), 0);
-    for (std::size_t i = 0; i < pages_.size(); ++i) {
-        const bool selected = static_cast<int>(i) == tabIndex;
-        if (pages_[i].window == nullptr) {
-            if (!selected) {
-                continue;
-            }
-            pages_[i].window = CreatePage(pages_[i].kind);
+    if (selected.window == nullptr) {
+        selected.window = CreatePage(selected.kind);
+    } else if (selected.kind == MainPage::OnScreen) {
+        onScreenPage_.RefreshPreview();
+    }
+    ShowWindow(selected.window, SW_SHOW);
+    for (const Page& page : pages_) {
+        if (page.window == nullptr || page.window == selected.window) {
+            continue;
         }
-        ShowWindow(pages_[i].window, selected ? SW_SHOW : SW_HIDE);
-        if (selected && pages_[i].kind == MainPage::OnScreen) {
-            onScreenPage_.RefreshPreview();
+        if (IsChild(page.window, GetFocus()) != FALSE) {
+            FocusFirst(selected.window); // or the system would move it, to a button that Enter then presses
         }
+        ShowWindow(page.window, SW_HIDE);
     }
 }
 
@@ -83,9 +86,12 @@ void frmMain::TurnPage(int step) {
     const int count = static_cast<int>(pages_.size());
     const auto current = static_cast<int>(SendMessageW(Control(IDC_tabContainer), TCM_GETCURSEL, 0, 0));
     SelectPage((current + step + count) % count);
-    // The control that had the focus is hidden now.
-    SendMessageW(Window(), WM_NEXTDLGCTL, std::bit_cast<WPARAM>(GetNextDlgTabItem(Window(), nullptr, FALSE)),
-                 TRUE);
+}
+
+bool frmMain::OnMouseWheel(HWND control) {
+    // A turn of the wheel over a closed list would switch Patterns unasked.
+    const int id = GetDlgCtrlID(control);
+    return IsOneOf(id, IDC_cmbUserName0, 2) && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0;
 }
 
 bool frmMain::OnKeyDown(WPARAM key) {
@@ -144,9 +150,8 @@ void frmMain::ShowSavedNames() {
 void frmMain::ShowButton(int button) {
     const HWND box = Control(IDC_txtButtonName0 + button - 1);
     if (TextOf(box) != settings_.Slot(button).Name) { // else the caret would move
-        filling_ = true;
+        const ScopedFlag filling(filling_);
         SetTextOf(box, settings_.Slot(button).Name);
-        filling_ = false;
     }
     ShowPictures({button});
 }
@@ -203,6 +208,9 @@ void frmMain::OnCommand(int id, int notification) {
     }
     if (IsOneOf(id, IDC_cmbUserName0, 2)) {
         ChoosePattern(id, notification);
+        return;
+    }
+    if (notification != BN_CLICKED) {
         return;
     }
     if (IsOneOf(id, IDC_cmdDefault0, 3)) {
@@ -271,9 +279,8 @@ template <class Operation> void frmMain::SaveWith(Operation operation) {
         return;
     }
     const WaitCursor cursor;
-    saving_ = true;
+    const ScopedFlag saving(saving_);
     operation();
-    saving_ = false;
 }
 
 void frmMain::OnClose() {
@@ -341,9 +348,8 @@ bool frmMain::HasHelp() const {
 }
 
 void frmMain::Help() {
-    if (!ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(Window()))) {
-        MessageBeep(MB_ICONWARNING);
-    }
+    ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(Window()));
+    EnableWindow(Control(IDC_cmdHelp), HasHelp() ? TRUE : FALSE); // the file may be gone by now
 }
 
 void frmMain::OnHelpKey() {

@@ -43,6 +43,7 @@ protected:
     void OnDestroy() override;
     bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnKeyDown(WPARAM key) override;
+    bool OnMouseWheel(HWND control) override;
 
 private:
     struct Page {

@@ -27,13 +27,13 @@ constexpr int kPageButtonWidth = 92;
 
 constexpr int kFrameTop = kMargin + kButtonHeight + kGap;
 constexpr int kPictureHeight = 36; ///< of its cell; the picture itself has whole pixels
-constexpr int kRowFrameHeight = 84;
+constexpr int kRowFrameHeight = 82;
 constexpr int kColumnRowHeight = 42;
 
 constexpr int kDialogButtonWidth = 54;
 
 constexpr DWORD kTabStop = WS_TABSTOP;
-constexpr DWORD kGroup = WS_GROUP;
+constexpr DWORD kGroup = WS_GROUP; ///< arrow keys stay within the control
 
 int FrameHeight(const MakerSwitches& switches) {
     return switches.NR1t2 == 1 ? switches.DesktopButtonCount() * kColumnRowHeight + 2 * kFrameInset
@@ -104,7 +104,10 @@ void frmMain::OnCreate() {
 }
 
 HWND frmMain::CreatePage(MainPage kind) {
-    const HWND page = AddPage();
+    const HWND page = AddPage(PageCaptions(store_, texts_).at(static_cast<std::size_t>(kind)));
+    if (page == nullptr) {
+        return nullptr;
+    }
     SetWindowPos(page, nullptr, pageArea_.left, pageArea_.top, pageArea_.right - pageArea_.left,
                  pageArea_.bottom - pageArea_.top, SWP_NOZORDER | SWP_NOACTIVATE);
     if (kind == MainPage::OnScreen) {
@@ -135,7 +138,7 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
                texts_.ResText(kTextPatternName));
     AddControl(page, {IDC_cmbUserName0 + index,
                       WC_COMBOBOXW,
-                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
                       {comboLeft, kMargin, managerLeft - kGap - comboLeft, kComboDropHeight}});
     AddPageButton(page, IDC_cmdUserManager0 + index, kTextSettingManager,
                   {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, true);
@@ -175,12 +178,12 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
          std::make_unique<PictureButton>(
              picture, imlResource_,
              PictureButton::MouseEvents{[this, button] { ShowPictures(hover_.MoveOver(button)); },
-                                        [this] { ShowPictures(hover_.MoveOff()); }})});
+                                        [this, button] { ShowPictures(hover_.Leave(button)); }})});
     AddControl(page,
-               {IDC_lblButtonName0 + index, WC_STATICW, places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS,
-                places.label},
+               {IDC_lblButtonName0 + index, WC_STATICW,
+                places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS | kGroup, places.label},
                label);
-    AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW, ES_AUTOHSCROLL | kTabStop, places.name,
+    AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW, ES_AUTOHSCROLL | kTabStop | kGroup, places.name,
                       WS_EX_CLIENTEDGE});
 }
 
@@ -204,22 +207,22 @@ void frmMain::CreateOnScreenPage(HWND page) {
     AddControl(page,
                {IDC_chkOnScreen,
                 WC_BUTTONW,
-                BS_AUTOCHECKBOX | kTabStop,
+                BS_AUTOCHECKBOX | kTabStop | kGroup,
                 {kMargin, kMargin, kContentWidth, kCheckHeight}},
                texts_.ResText(kTextDisplayOnScreen));
     const auto addLabel = [&](int id, int textOffset, int left, int top, int width) {
-        AddControl(page, {id, WC_STATICW, SS_LEFT, {left, top, width, kLabelHeight}},
+        AddControl(page, {id, WC_STATICW, SS_LEFT | kGroup, {left, top, width, kLabelHeight}},
                    texts_.ResText(textOffset));
     };
     addLabel(IDC_lblFontName, kTextFont, faceLeft, labelTop, kFaceWidth);
     AddControl(page, {IDC_cmbFontName,
                       WC_COMBOBOXW,
-                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
                       {faceLeft, boxTop, kFaceWidth, kComboDropHeight}});
     addLabel(IDC_lblFontSize, kTextSize, sizeLeft, labelTop, kSizeWidth);
     AddControl(page, {IDC_cmbFontSize,
                       WC_COMBOBOXW,
-                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop,
+                      CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
                       {sizeLeft, boxTop, kSizeWidth, kComboDropHeight}});
     addLabel(IDC_lblFontColor, kTextColor, colorLeft, labelTop, kSelectWidth);
     AddPageButton(page, IDC_CmdFontColor, kTextSelect, {colorLeft, boxTop, kSelectWidth, kButtonHeight},
@@ -288,6 +291,7 @@ void frmMain::PlacePictures() {
     // Twips of this form: 15 to a device pixel at every scaling, so that rounding never cuts a picture.
     constexpr double kTwipsPerPixel = 15;
     const int size = PictureButton::SizeFor(Dpi());
+    imlResource_.ForgetSizes();
     const int lastRound = LastRoundPicture(settings_.Switches());
     for (const PlacedPicture& placed : pictures_) {
         const HWND picture = Control(IDC_picButton0 + placed.button - 1);
@@ -296,8 +300,10 @@ void frmMain::PlacePictures() {
                      SWP_NOZORDER | SWP_NOACTIVATE);
         if (placed.button - 1 <= lastRound) {
             const int region = RoundRegionPixels(size * kTwipsPerPixel, kTwipsPerPixel);
-            // The window owns the region from here on.
-            SetWindowRgn(picture, CreateEllipticRgn(0, 0, region, region), TRUE);
+            Region ellipse(CreateEllipticRgn(0, 0, region, region));
+            if (SetWindowRgn(picture, ellipse.get(), TRUE) != 0) {
+                [[maybe_unused]] const HRGN owned = ellipse.release(); // the window owns it from here on
+            }
         }
     }
 }

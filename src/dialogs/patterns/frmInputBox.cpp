@@ -41,12 +41,13 @@ frmInputBox::frmInputBox(HWND owner, const StringTable& texts, const AnsiText& a
 void frmInputBox::OnCreate() {
     constexpr int kContentWidth = kWidth - 2 * kMargin;
     InputTitle(texts_.ResText(kTextInputTitle));
-    AddControl(Window(),
-               {IDC_lblInputBox, WC_STATICW, SS_LEFT, {kMargin, kMargin, kContentWidth, kLabelHeight}},
-               texts_.ResText(kTextEnterPatternName));
+    AddControl(
+        Window(),
+        {IDC_lblInputBox, WC_STATICW, SS_LEFT | WS_GROUP, {kMargin, kMargin, kContentWidth, kLabelHeight}},
+        texts_.ResText(kTextEnterPatternName));
     AddControl(Window(), {IDC_txtInputBox,
                           WC_EDITW,
-                          ES_AUTOHSCROLL | WS_TABSTOP,
+                          ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP,
                           {kMargin, kBoxTop, kContentWidth, kBoxHeight},
                           WS_EX_CLIENTEDGE});
     const int cancelLeft = kWidth - kMargin - kButtonWidth;

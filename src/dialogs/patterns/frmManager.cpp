@@ -34,11 +34,14 @@ frmManager::frmManager(HWND owner, RegIniFunc& store, int buttonCount, const Str
 
 void frmManager::OnCreate() {
     SetTextOf(Window(), texts_.ResText(kTextManagerTitle));
-    AddControl(Window(), {IDC_lblUserList, WC_STATICW, SS_LEFT, {kMargin, kMargin, kListWidth, kLabelHeight}},
-               texts_.ResText(kTextNameList));
+    AddControl(
+        Window(),
+        {IDC_lblUserList, WC_STATICW, SS_LEFT | WS_GROUP, {kMargin, kMargin, kListWidth, kLabelHeight}},
+        texts_.ResText(kTextNameList));
     AddControl(Window(), {IDC_lstUserList,
                           WC_LISTBOXW,
-                          LBS_NOTIFY | LBS_WANTKEYBOARDINPUT | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP,
+                          LBS_NOTIFY | LBS_WANTKEYBOARDINPUT | LBS_NOINTEGRALHEIGHT | WS_VSCROLL |
+                              WS_TABSTOP | WS_GROUP,
                           {kMargin, kListTop, kListWidth, kListHeight},
                           WS_EX_CLIENTEDGE});
     int top = kListTop;

@@ -2,15 +2,27 @@
 
 #include <windows.h>
 
+namespace {
+
+/// A look-alike could change a command ("｜" would become the bar before its parameters): "?" is the honest loss.
+/// UTF-8 as the ANSI code page loses nothing, and the system refuses the flag there.
+DWORD EncodingFlags() {
+    static const DWORD kFlags = GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    return kFlags;
+}
+
+} // namespace
+
 std::string ToAnsi(std::wstring_view text) {
     if (text.empty()) {
         return {};
     }
     const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    const int size =
+        WideCharToMultiByte(CP_ACP, EncodingFlags(), text.data(), length, nullptr, 0, nullptr, nullptr);
     std::string bytes(static_cast<std::size_t>(size), '\0');
-    const int written =
-        WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
+    const int written = WideCharToMultiByte(CP_ACP, EncodingFlags(), text.data(), length, bytes.data(), size,
+                                            nullptr, nullptr);
     bytes.resize(static_cast<std::size_t>(written));
     return bytes;
 }

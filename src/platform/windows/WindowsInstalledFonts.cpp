@@ -11,7 +11,8 @@ namespace {
 
 using Report = std::function<void(const ReportedFont&)>;
 
-int CALLBACK OnFont(const LOGFONTA* font, const TEXTMETRICA* /*metrics*/, DWORD fontType, LPARAM report) {
+int CALLBACK OnFont(const LOGFONTA* font, const TEXTMETRICA* /*metrics*/, DWORD fontType,
+                    LPARAM report) noexcept {
     ReportedFont reported;
     reported.faceName = FromAnsi({font->lfFaceName, strnlen(font->lfFaceName, LF_FACESIZE)});
     reported.fontType = fontType;

@@ -7,8 +7,9 @@ void WindowsInstanceGuard::HandleCloser::operator()(void* handle) const {
 }
 
 bool WindowsInstanceGuard::AnotherInstanceRuns() {
-    mutex_.reset(CreateMutexW(nullptr, FALSE, L"Local\\QLBUtl.Instance"));
-    // The name is taken by another user's elevated instance in this session: it runs all the same.
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\QLBUtl.Instance");
     const DWORD error = GetLastError();
+    mutex_.reset(mutex);
+    // Denied: an elevated instance has the name.
     return error == ERROR_ALREADY_EXISTS || (!mutex_ && error == ERROR_ACCESS_DENIED);
 }

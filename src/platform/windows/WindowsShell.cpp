@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <objbase.h>
+
 #include <cstdint>
 
 std::wstring WindowsShell::ProgramDirectory() const {
@@ -26,11 +28,19 @@ std::wstring WindowsShell::ProgramDirectory() const {
 }
 
 bool WindowsShell::FileExists(const std::wstring& path) const {
-    return GetFileAttributesA(ToAnsi(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    const DWORD attributes = GetFileAttributesA(ToAnsi(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
+    // Handlers of some file types are COM objects. Initialised for the rest of the run; a refusal only means that
+    // somebody did it before.
+    using Initialize = HRESULT WINAPI(void*, DWORD);
+    if (const auto initialize = SystemProcedure<Initialize>(L"ole32.dll", "CoInitializeEx");
+        initialize != nullptr) {
+        initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
+    }
     using Execute = HINSTANCE WINAPI(HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT);
     const auto execute = SystemProcedure<Execute>(L"shell32.dll", "ShellExecuteA");
     if (execute == nullptr) {

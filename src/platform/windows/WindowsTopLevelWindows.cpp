@@ -6,8 +6,8 @@
 
 namespace {
 
-/// Longer than any reload takes, short enough to sit out once.
-constexpr UINT kPatienceMs = 5000;
+/// Longer than any reload takes; at 5 s Windows would call us the program that does not answer.
+constexpr UINT kPatienceMs = 4000;
 
 HWND Handle(WindowId window) {
     return std::bit_cast<HWND>(window);
