@@ -18,12 +18,8 @@ void MainSettings::Load() {
 }
 
 void MainSettings::LoadPatternNumbers() {
-    const int count = store_.ReadPatternCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
-    if (currentPattern_ > count) {
-        // A Pattern that no box could show would take edits that can't be found again.
-        currentPattern_ = 1;
-    }
+    const int count = store_.ReadPatternCount();
     patternNames_.clear();
     for (int number = 1; number <= count; ++number) {
         patternNames_.push_back(Patterns().LoadPatternName(number, defaults_));

@@ -29,7 +29,8 @@ public:
     [[nodiscard]] const Pattern& Working() const { return working_; }
     [[nodiscard]] const ButtonSlot& Slot(int button) const { return working_.Btn(button); }
     [[nodiscard]] const OnScreenSettings& OnScreen() const { return onScreen_; }
-    [[nodiscard]] int CurrentPattern() const { return currentPattern_; } ///< 1-based
+    /// 1-based; the launcher's, even when it is beyond the number of names.
+    [[nodiscard]] int CurrentPattern() const { return currentPattern_; }
     [[nodiscard]] const std::vector<std::wstring>& PatternNames() const { return patternNames_; }
 
     /// Numbers (1...8) of the buttons that a button page shows; none for the on-screen page.
