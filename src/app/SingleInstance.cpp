@@ -1,7 +1,6 @@
 #include "app/SingleInstance.h"
 
 #include "app/StringTable.h"
-#include "ui/FormClass.h"
 
 bool YieldToOtherInstance(InstanceGuard& guard, TopLevelWindows& windows, const StringTable& texts) {
     if (!guard.AnotherInstanceRuns()) {

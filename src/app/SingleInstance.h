@@ -2,6 +2,7 @@
 
 #include "platform/InstanceGuard.h"
 #include "platform/TopLevelWindows.h"
+#include "ui/FormClass.h"
 
 class StringTable;
 

@@ -8,17 +8,17 @@ MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, co
 
 void MainSettings::Load() {
     switches_ = LoadMakerSwitches(store_);
+    currentPattern_ = store_.ReadCurrentPatternNumber();
     defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
     onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
     unchangedOnScreen_ = onScreen_;
     defaults_ = Patterns().LoadDefaultPattern();
 
-    LoadPatternNumbers();
     LoadCurrentPattern();
+    LoadPatternNames();
 }
 
-void MainSettings::LoadPatternNumbers() {
-    currentPattern_ = store_.ReadCurrentPatternNumber();
+void MainSettings::LoadPatternNames() {
     const int count = store_.ReadPatternCount();
     patternNames_.clear();
     for (int number = 1; number <= count; ++number) {
@@ -27,7 +27,8 @@ void MainSettings::LoadPatternNumbers() {
 }
 
 void MainSettings::ReloadPatternList() {
-    LoadPatternNumbers();
+    currentPattern_ = store_.ReadCurrentPatternNumber();
+    LoadPatternNames();
     working_.UserName = Patterns().LoadPatternName(currentPattern_, defaults_);
 }
 

@@ -67,7 +67,7 @@ public:
     void ReloadPatternList();
 
 private:
-    void LoadPatternNumbers();
+    void LoadPatternNames();
     [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
     void LoadCurrentPattern();
     void ChoosePicture(int button);
