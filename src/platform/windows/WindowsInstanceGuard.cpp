@@ -7,9 +7,13 @@ void WindowsInstanceGuard::HandleCloser::operator()(void* handle) const {
 }
 
 bool WindowsInstanceGuard::AnotherInstanceRuns() {
+    if (mutex_) {
+        return another_; // the name is there now, but it is our own
+    }
     const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\QLBUtl.Instance");
     const DWORD error = GetLastError();
     mutex_.reset(mutex);
     // Denied: an elevated instance has the name.
-    return error == ERROR_ALREADY_EXISTS || (!mutex_ && error == ERROR_ACCESS_DENIED);
+    another_ = error == ERROR_ALREADY_EXISTS || (!mutex_ && error == ERROR_ACCESS_DENIED);
+    return another_;
 }

@@ -14,4 +14,5 @@ private:
         void operator()(void* handle) const;
     };
     std::unique_ptr<void, HandleCloser> mutex_;
+    bool another_ = false;
 };

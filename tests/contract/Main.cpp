@@ -1,0 +1,11 @@
+#include "OtherProgram.h"
+
+#include <gmock/gmock.h>
+
+int main(int argc, char** argv) {
+    if (const auto exitCode = OtherProgram::PlayRole()) {
+        return *exitCode;
+    }
+    testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}

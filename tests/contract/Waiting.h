@@ -1,0 +1,21 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <thread>
+
+/// Longer than anything takes that is going to happen at all.
+inline constexpr std::chrono::milliseconds kPatience{10'000};
+
+/// Asks again and again until the condition holds. False when the time is over.
+inline bool WaitUntil(const std::function<bool()>& condition,
+                      std::chrono::milliseconds patience = kPatience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}

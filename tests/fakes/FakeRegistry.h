@@ -1,0 +1,159 @@
+#pragma once
+
+#include "fakes/FakeText.h"
+#include "platform/Registry.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <map>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+/// A registry in memory. Key and value names count without regard to case. Every call is remembered, and any of
+/// them can be made to fail.
+class FakeRegistry final : public Registry {
+public:
+    enum class Access { Read, Write, Delete };
+
+    struct Operation {
+        Access access = Access::Read;
+        RegistryHive hive = RegistryHive::LocalMachine;
+        std::wstring path;
+        std::wstring name;
+        RegistryValue value; ///< what was written; nothing for a read
+
+        bool operator==(const Operation& other) const {
+            return access == other.access && hive == other.hive && path == other.path && name == other.name &&
+                   value.type == other.value.type && value.bytes == other.value.bytes;
+        }
+    };
+
+    bool refusesReads = false;
+    bool refusesWrites = false;
+    mutable int failingOperation = 0; ///< the N-th call from now (1: the next) fails; 0: none
+    int failingWrite = 0;             ///< the same, counting writes alone
+
+    [[nodiscard]] std::optional<RegistryValue> Query(RegistryHive hive, const std::wstring& path,
+                                                     const std::wstring& name) const override {
+        operations_.push_back({Access::Read, hive, path, name, {}});
+        const bool failsNow = CountsDown(failingOperation);
+        if (refusesReads || failsNow) {
+            return std::nullopt;
+        }
+        return Stored(hive, path, name);
+    }
+
+    bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+             const RegistryValue& value) override {
+        operations_.push_back({Access::Write, hive, path, name, value});
+        const bool operationFails = CountsDown(failingOperation);
+        const bool writeFails = CountsDown(failingWrite);
+        if (refusesWrites || operationFails || writeFails) {
+            return false;
+        }
+        RegistryValue stored = value;
+        if (IsText(stored.type) && !stored.bytes.empty() && stored.bytes.back() != '\0') {
+            // The system adds the NUL that the caller did not count.
+            stored.bytes.push_back('\0');
+        }
+        values_[KeyOf(hive, path, name)] = std::move(stored);
+        return true;
+    }
+
+    bool DeleteKey(RegistryHive hive, const std::wstring& path) override {
+        operations_.push_back({Access::Delete, hive, path, {}, {}});
+        const bool operationFails = CountsDown(failingOperation);
+        const bool writeFails = CountsDown(failingWrite);
+        if (refusesWrites || operationFails || writeFails) {
+            return false;
+        }
+        const std::wstring key = Lowered(path);
+        std::erase_if(values_, [&](const auto& value) {
+            const auto& [valueHive, valuePath, name] = value.first;
+            return valueHive == hive && (valuePath == key || valuePath.starts_with(key + L'\\'));
+        });
+        return true;
+    }
+
+    /// Puts any bytes there, as another program may have left them. Not an operation.
+    void PutRaw(RegistryHive hive, const std::wstring& path, const std::wstring& name, std::uint32_t type,
+                std::string_view bytes) {
+        values_[KeyOf(hive, path, name)] = {type, std::string(bytes)};
+    }
+    /// `text` in bytes of the code page; the terminating NUL is added.
+    void PutString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                   std::string_view text) {
+        PutRaw(hive, path, name, kRegistryString, std::string(text) + '\0');
+    }
+    void PutDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
+                  std::int32_t number) {
+        PutRaw(hive, path, name, kRegistryDword, BytesOf(number));
+    }
+    void Remove(RegistryHive hive, const std::wstring& path, const std::wstring& name) {
+        values_.erase(KeyOf(hive, path, name));
+    }
+
+    /// What is stored. Not an operation, and never refused.
+    [[nodiscard]] std::optional<RegistryValue> Stored(RegistryHive hive, const std::wstring& path,
+                                                      const std::wstring& name) const {
+        const auto found = values_.find(KeyOf(hive, path, name));
+        return found == values_.end() ? std::nullopt : std::optional(found->second);
+    }
+    /// The bytes of a stored string without its last NUL; nothing when there is none, or of another type.
+    [[nodiscard]] std::optional<std::string> StoredString(RegistryHive hive, const std::wstring& path,
+                                                          const std::wstring& name) const {
+        auto value = Stored(hive, path, name);
+        if (!value || value->type != kRegistryString) {
+            return std::nullopt;
+        }
+        if (value->bytes.ends_with('\0')) {
+            value->bytes.pop_back();
+        }
+        return value->bytes;
+    }
+    [[nodiscard]] std::optional<std::int32_t> StoredDword(RegistryHive hive, const std::wstring& path,
+                                                          const std::wstring& name) const {
+        const auto value = Stored(hive, path, name);
+        std::array<char, sizeof(std::int32_t)> bytes{};
+        if (!value || value->type != kRegistryDword || value->bytes.size() != bytes.size()) {
+            return std::nullopt;
+        }
+        value->bytes.copy(bytes.data(), bytes.size());
+        return std::bit_cast<std::int32_t>(bytes);
+    }
+
+    /// Every call so far, refused ones too, in order.
+    [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
+    [[nodiscard]] std::vector<Operation> Writes() const {
+        std::vector<Operation> writes;
+        for (const Operation& operation : operations_) {
+            if (operation.access != Access::Read) {
+                writes.push_back(operation);
+            }
+        }
+        return writes;
+    }
+    void ForgetOperations() { operations_.clear(); }
+
+    [[nodiscard]] static std::string BytesOf(std::int32_t number) {
+        const auto bytes = std::bit_cast<std::array<char, sizeof number>>(number);
+        return {bytes.begin(), bytes.end()};
+    }
+
+private:
+    using Key = std::tuple<RegistryHive, std::wstring, std::wstring>;
+
+    [[nodiscard]] static Key KeyOf(RegistryHive hive, const std::wstring& path, const std::wstring& name) {
+        return {hive, Lowered(path), Lowered(name)};
+    }
+    /// REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ.
+    [[nodiscard]] static bool IsText(std::uint32_t type) {
+        return type == kRegistryString || type == 2 || type == 7;
+    }
+    [[nodiscard]] static bool CountsDown(int& calls) { return calls > 0 && --calls == 0; }
+
+    std::map<Key, RegistryValue> values_;
+    mutable std::vector<Operation> operations_;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+// Everything a test of the real program needs, at one include.
+#include "ColourDialog.h"
+#include "Keyboard.h"
+#include "Launcher.h"
+#include "ModalBox.h"
+#include "Mouse.h"
+#include "Picture.h"
+#include "Process.h"
+#include "Store.h"
+#include "TextFile.h"
+#include "Wait.h"
+#include "Window.h"

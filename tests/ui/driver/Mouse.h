@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Win32.h"
+
+namespace UiDriver {
+
+enum class MouseButton { Left, Right };
+
+/// The real mouse: the system itself finds the window under it. All points are screen pixels.
+namespace Mouse {
+
+void MoveTo(POINT point);
+void Down(MouseButton button = MouseButton::Left);
+void Up(MouseButton button = MouseButton::Left);
+
+/// Never makes a double click with the click before it.
+void Click(POINT point, MouseButton button = MouseButton::Left);
+void DoubleClick(POINT point);
+
+/// Down, a path of small moves, up: slow enough for a drag to be noticed.
+void Drag(POINT from, POINT to);
+
+/// The path of Drag without the buttons, for a drag that the test wants to look at half-way.
+void Glide(POINT from, POINT to);
+
+} // namespace Mouse
+} // namespace UiDriver

@@ -1,0 +1,56 @@
+#include "Store.h"
+
+#include "TextFile.h"
+
+#include <exception>
+
+namespace UiDriver {
+namespace {
+
+constexpr wchar_t kMakerPath[] = L"Software\\Korvo";
+constexpr wchar_t kProductPath[] = L"Software\\Korvo\\KORVOQLB";
+constexpr wchar_t kIniName[] = L"KORVOQLB.INI";
+
+std::wstring Widen(const std::string& bytes) {
+    return {bytes.begin(), bytes.end()};
+}
+
+} // namespace
+
+Store::Store() {
+    Wipe();
+}
+
+Store::~Store() {
+    try {
+        Wipe();
+    } catch (const std::exception&) {
+        // The next Store wipes again and reports what is wrong then.
+    }
+}
+
+RegistryKey Store::Machine() {
+    return {HKEY_LOCAL_MACHINE, kProductPath};
+}
+
+RegistryKey Store::User() {
+    return {HKEY_CURRENT_USER, kProductPath};
+}
+
+ProfileFile Store::Ini() {
+    return ProfileFile(WindowsDirectory() + L'\\' + kIniName);
+}
+
+void Store::Wipe() {
+    RegistryKey(HKEY_LOCAL_MACHINE, kMakerPath).EraseTree();
+    RegistryKey(HKEY_CURRENT_USER, kMakerPath).EraseTree();
+    Ini().Remove();
+}
+
+std::wstring Store::Dump() {
+    return L"HKEY_LOCAL_MACHINE\n" + RegistryKey(HKEY_LOCAL_MACHINE, kMakerPath).Dump() +
+           L"HKEY_CURRENT_USER\n" + RegistryKey(HKEY_CURRENT_USER, kMakerPath).Dump() + kIniName + L'\n' +
+           Widen(Ini().Bytes());
+}
+
+} // namespace UiDriver

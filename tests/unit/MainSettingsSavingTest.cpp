@@ -1,0 +1,260 @@
+#include "MainDialog.h"
+
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+using testing::Test;
+
+constexpr const wchar_t* kFirstButton = L"Setting\\Set1\\AppKey1";
+constexpr const wchar_t* kSecondPatternsFirstButton = L"Setting\\Set2\\AppKey1";
+
+class Saving : public Test, public LoadedMainDialog {};
+
+TEST_F(Saving, WritesTheCurrentNumberAndTheCount) {
+    settings.WritePatternNumbers();
+    EXPECT_THAT(Written(), ElementsAre("CurrSetting = 1", "NumSetting = 2"));
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Saving, WritesNoEdit_WhenItWritesTheNumbersAlone) {
+    settings.SetButtonName(1, L"Other");
+    settings.WritePatternNumbers();
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+    EXPECT_TRUE(settings.PatternChanged());
+}
+
+TEST_F(Saving, SavesThePatternAndThenTheScreen_AndLeavesTheRestAlone) {
+    settings.SetButtonName(1, L"Post");
+    settings.Save();
+    const std::vector<std::string> written = Written();
+    EXPECT_EQ(written.front(), "Setting\\Set1 SetName = \"Home\"");
+    EXPECT_THAT(written, Contains("Setting\\Set1\\AppKey1 DispTitle = \"Post\""));
+    EXPECT_THAT(WrittenElsewhere("Setting\\Set1"),
+                ElementsAre("OnScreen OnScreen = 0", "OnScreen FontFace = \"Arial\"", "OnScreen size = 3",
+                            "OnScreen Color = 0"));
+    EXPECT_THAT(written.back(), StartsWith("OnScreen "));
+}
+
+TEST_F(Saving, SavesAllShownButtonsAndNoOther) {
+    settings.Save();
+    EXPECT_THAT(Written(), Contains(StartsWith("Setting\\Set1\\AppKey7 ")));
+    EXPECT_THAT(Written(), Not(Contains(StartsWith("Setting\\Set1\\AppKey8 "))));
+}
+
+TEST_F(Saving, HasNothingToSaveAnyMore_OnceSaved) {
+    OnScreenSettings screen = settings.OnScreen();
+    screen.Color = 255;
+    settings.SetOnScreen(screen);
+    settings.SetButtonName(1, L"");
+    settings.Save();
+    EXPECT_FALSE(settings.AnythingChanged());
+    EXPECT_EQ(settings.Slot(1).Name, L" ");
+}
+
+TEST_F(Saving, HasTheNamesThatTheCodePageCanStore_OnceSaved) {
+    settings.SetButtonName(1, L"a\x65E5z");
+    settings.Save();
+    EXPECT_EQ(settings.Slot(1).Name, L"a?z");
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "a?z");
+    EXPECT_FALSE(settings.AnythingChanged());
+}
+
+TEST_F(Saving, TellsTheLauncherOnce_AfterEverythingIsStored) {
+    settings.SetButtonName(1, L"Post");
+    std::size_t writesWhenTold = 0;
+    windows.whileSending = [&] { writesWhenTold = Written().size(); };
+    settings.Save();
+    EXPECT_THAT(windows.Events(),
+                ElementsAre(FakeWindows::Event{FakeWindows::Deed::Sent, launcher, 1336, 1, 0}));
+    EXPECT_EQ(writesWhenTold, Written().size());
+    EXPECT_GT(writesWhenTold, 0U);
+}
+
+TEST_F(Saving, CountsATitleAsNoChange_ButSavesIt) {
+    PutUser(kFirstButton, L"ProgName1", "Changed");
+    MainSettings other(store, notification, fonts);
+    other.Load();
+    EXPECT_TRUE(PatternsEqual(settings.Working(), other.Working(), 7));
+    other.Save();
+    EXPECT_EQ(UserString(kFirstButton, L"ProgName1"), "Changed");
+}
+
+TEST_F(Saving, SwitchesToAnotherPatternAtOnce) {
+    settings.SwitchPattern(2, false);
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_EQ(settings.Working().UserName, L"Work");
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+    EXPECT_FALSE(settings.AnythingChanged());
+    EXPECT_THAT(Written(), ElementsAre("CurrSetting = 2"));
+}
+
+TEST_F(Saving, DropsTheEdits_WhenItSwitchesWithoutSaving) {
+    settings.SetButtonName(1, L"Other");
+    settings.SwitchPattern(2, false);
+    EXPECT_THAT(Written(), ElementsAre("CurrSetting = 2"));
+    settings.SwitchPattern(1, false);
+    EXPECT_EQ(settings.Slot(1).Name, L"Mail");
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+}
+
+TEST_F(Saving, SavesTheEditsUnderTheOldNumber_BeforeItSwitches) {
+    settings.SetButtonName(1, L"Post");
+    settings.SwitchPattern(2, true);
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
+    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Report");
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+    EXPECT_THAT(WrittenElsewhere("Setting\\Set1"), ElementsAre("CurrSetting = 2"));
+    EXPECT_EQ(Written().back(), "CurrSetting = 2");
+}
+
+TEST_F(Saving, LeavesTheScreenPending_WhenItSwitches) {
+    OnScreenSettings screen = settings.OnScreen();
+    screen.Color = 255;
+    settings.SetOnScreen(screen);
+    settings.SwitchPattern(2, true);
+    EXPECT_EQ(settings.OnScreen(), screen);
+    EXPECT_TRUE(settings.AnythingChanged());
+    EXPECT_THAT(Written(), Each(Not(HasSubstr("OnScreen"))));
+}
+
+TEST_F(Saving, TellsTheLauncherOnce_WhenTheNewNumberIsStored) {
+    std::optional<std::int32_t> currentWhenTold;
+    windows.whileSending = [&] { currentWhenTold = UserDword(L"", L"CurrSetting"); };
+    settings.SwitchPattern(2, true);
+    EXPECT_EQ(currentWhenTold, 2);
+    EXPECT_THAT(windows.Events(),
+                ElementsAre(FakeWindows::Event{FakeWindows::Deed::Sent, launcher, 1336, 1, 0}));
+}
+
+TEST_F(Saving, ShowsTheNewPattern_BeforeTheLauncherTakesItsTime) {
+    std::wstring shown;
+    std::size_t toldBefore = 1;
+    settings.SwitchPattern(2, true, [&] {
+        shown = settings.Slot(1).Name;
+        toldBefore = windows.Events().size();
+    });
+    EXPECT_EQ(shown, L"Report");
+    EXPECT_EQ(toldBefore, 0U);
+    EXPECT_EQ(windows.Events().size(), 1U);
+}
+
+TEST_F(Saving, ShowsThePicturesOfTheNewPattern) {
+    PutUser(kSecondPatternsFirstButton, L"Execute", "P");
+    settings.SwitchPattern(2, false);
+    EXPECT_EQ(settings.PictureOf(1), kPictureSimul);
+    PutUser(kSecondPatternsFirstButton, L"NumAP", 0);
+    settings.SwitchPattern(2, false);
+    EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
+}
+
+TEST_F(Saving, TakesTheNumbersAndNamesThatTheManagerLeft) {
+    PutUser(L"", L"CurrSetting", 2);
+    PutUser(L"", L"NumSetting", 3);
+    PutUser(L"Setting\\Set2", L"SetName", "Renamed");
+    settings.ReloadPatternList();
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_THAT(settings.PatternNames(), ElementsAre(L"Home", L"Renamed", L"Standard"));
+    EXPECT_EQ(settings.Working().UserName, L"Renamed");
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Saving, KeepsUnsavedEdits_WhenTheManagerCloses) {
+    settings.SetButtonName(1, L"Post");
+    settings.ReloadPatternList();
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_TRUE(settings.PatternChanged());
+}
+
+TEST_F(Saving, CountsARenamedPatternAsNoChange) {
+    PutUser(L"Setting\\Set1", L"SetName", "Renamed");
+    settings.ReloadPatternList();
+    EXPECT_FALSE(settings.AnythingChanged());
+    settings.Save();
+    EXPECT_EQ(UserString(L"Setting\\Set1", L"SetName"), "Renamed");
+}
+
+TEST_F(Saving, TakesOnePatternAndTheFirst_WhenTheManagerLeftNoValidNumbers) {
+    PutUser(L"", L"CurrSetting", 11);
+    PutUser(L"", L"NumSetting", 0);
+    settings.ReloadPatternList();
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_THAT(settings.PatternNames(), ElementsAre(L"Home"));
+}
+
+TEST_F(Saving, NamesTheCurrentPatternByTheDefault_WhenItsNameIsGone) {
+    registry.Remove(RegistryHive::CurrentUser, Path(L"Setting\\Set1"), L"SetName");
+    settings.ReloadPatternList();
+    EXPECT_EQ(settings.Working().UserName, L"Standard");
+}
+
+TEST_F(Saving, SavesUnderTheNewNumber_OnceSwitched) {
+    settings.SwitchPattern(2, false);
+    settings.SetButtonName(1, L"Letter");
+    settings.WritePatternNumbers();
+    settings.Save();
+    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Letter");
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+    EXPECT_EQ(UserDword(L"", L"CurrSetting"), 2);
+    EXPECT_EQ(UserDword(L"", L"NumSetting"), 2);
+}
+
+TEST_F(Saving, ShowsTheDefaults_WhenItSwitchesToAPatternThatWasNeverSaved) {
+    settings.SwitchPattern(9, false);
+    EXPECT_EQ(settings.Slot(1).Name, L"Default");
+    EXPECT_EQ(settings.Working().UserName, L"Standard");
+}
+
+TEST_F(Saving, SavesWithoutALauncher) {
+    windows.Close(launcher);
+    settings.SetButtonName(1, L"Post");
+    settings.Save();
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Saving, NeverWritesToTheMachine) {
+    settings.WritePatternNumbers();
+    settings.Save();
+    settings.SwitchPattern(2, true);
+    EXPECT_THAT(Written(), Each(Not(StartsWith("HKLM"))));
+}
+
+class LoadedFromTheFile : public Test, public MainDialog {
+public:
+    LoadedFromTheFile() {
+        store.IniFileExist = true;
+        PutLine(L"KORVOQLB", L"CurrUser", "2");
+        PutLine(L"KORVOQLB", L"NumUser", "2");
+        PutLine(L"USER1", L"UserName", "File home");
+        PutLine(L"USER2", L"UserName", "File work");
+        PutLine(L"USER2", L"Btn1_Name", "File report");
+        settings.Load();
+        ForgetOperations();
+    }
+};
+
+TEST_F(LoadedFromTheFile, TakesTheUsersSettingsFromThere) {
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_THAT(settings.PatternNames(), ElementsAre(L"File home", L"File work"));
+    EXPECT_EQ(settings.Slot(1).Name, L"File report");
+}
+
+TEST_F(LoadedFromTheFile, WritesThereAndNowhereElse) {
+    settings.WritePatternNumbers();
+    settings.Save();
+    settings.SwitchPattern(1, true);
+    EXPECT_THAT(registry.Writes(), IsEmpty());
+    EXPECT_EQ(Line(L"KORVOQLB", L"CurrUser"), "1");
+    EXPECT_EQ(Line(L"KORVOQLB", L"NumUser"), "2");
+    EXPECT_EQ(Line(L"USER2", L"Btn1_Name"), "File report");
+    EXPECT_EQ(Line(L"ONSCREEN", L"FontName"), "MS Shell Dlg 2");
+}
+
+} // namespace
