@@ -1,0 +1,87 @@
+#include "TestWindow.h"
+#include "UiTest.h"
+
+namespace {
+
+namespace Keyboard = UiDriver::Keyboard;
+
+/// The program copied to a folder of the test's own, where it decides whether there is a help file.
+class Help : public UiTest {
+protected:
+    Help() {
+        if (!CreateDirectoryW(kFolder, nullptr) && GetLastError() != ERROR_ALREADY_EXISTS) {
+            UiDriver::FailLastError(L"making the folder for the program's copy");
+        }
+        RemoveFiles();
+        if (!CopyFileW(ProgramPath().c_str(), Copy().c_str(), FALSE)) {
+            UiDriver::FailLastError(L"copying the program");
+        }
+    }
+
+    void MakeHelpFile() const { UiDriver::WriteBytes(HelpFile(), "ITSF"); }
+
+    /// Removes the copy once the program has ended.
+    void TearDown() override {
+        EndProgram();
+        RemoveFiles();
+        RemoveDirectoryW(kFolder);
+    }
+
+    void StartCopy() { StartFrom(Copy()); }
+
+    static std::wstring HelpTitle() { return Text(kTitleText) + Text(kHelpText); }
+
+private:
+    static constexpr wchar_t kFolder[] = L"C:\\qlb-help-test";
+
+    static std::wstring Copy() { return std::wstring(kFolder) + L"\\QLBUtl.exe"; }
+    static std::wstring HelpFile() { return std::wstring(kFolder) + L"\\QLBUTL.CHM"; }
+
+    static void RemoveFiles() {
+        UiDriver::RemoveFile(Copy());
+        UiDriver::RemoveFile(HelpFile());
+    }
+};
+
+TEST_F(Help, IsDisabledWithoutItsFile) {
+    StartCopy();
+    EXPECT_FALSE(Item(IDC_cmdHelp).Enabled());
+}
+
+TEST_F(Help, IsEnabledWithItsFile) {
+    MakeHelpFile();
+    StartCopy();
+    EXPECT_TRUE(Item(IDC_cmdHelp).Enabled());
+}
+
+TEST_F(Help, BringsTheOpenHelpWindowForward) {
+    MakeHelpFile();
+    StartCopy();
+    const TestWindow help(L"HH Parent", HelpTitle());
+    Dialog().BringToFrontForGood();
+    Item(IDC_cmdHelp).Press();
+    UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+    ExpectAlive();
+}
+
+TEST_F(Help, TheHelpKeyDoesTheSame) {
+    MakeHelpFile();
+    StartCopy();
+    const TestWindow help(L"HH Parent", HelpTitle());
+    Dialog().BringToFrontForGood();
+    NameBox(1).Focus();
+    Keyboard::Press(VK_F1);
+    UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+}
+
+TEST_F(Help, TheHelpKeyDoesNothingWithoutTheFile) {
+    StartCopy();
+    const TestWindow help(L"HH Parent", HelpTitle());
+    Dialog().BringToFrontForGood();
+    NameBox(1).Focus();
+    Keyboard::Press(VK_F1);
+    EXPECT_TRUE(UiDriver::HoldsFor([&] { return Dialog().Foreground(); }, UiDriver::Milliseconds(300)));
+    ExpectAlive();
+}
+
+} // namespace
