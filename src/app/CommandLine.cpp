@@ -22,8 +22,8 @@ bool HasKeyboard(const RegIniFunc& store) {
     return !isNone(keyboard);
 }
 
-/// The digit of a line such as "/t:1"; nothing when the line is not of that form, -1 when the digit is not one
-/// of 0...count-1.
+/// The digit of a line such as "/t:1"; nothing when the line is not of that form, -1 when the digit is not
+/// one of 0...count-1.
 std::optional<int> OptionDigit(const std::wstring& line, std::wstring_view option, int count) {
     if (line.size() != kOptionLength || !EqualsIgnoreCase(line.substr(0, option.size()), option)) {
         return std::nullopt;

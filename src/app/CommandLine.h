@@ -8,8 +8,8 @@
 class RegIniFunc;
 class StringTable;
 
-/// What the program was started for. Its command line is "/k", "/t:" + page, or "/w:" + button with or without
-/// "/ap" behind it.
+/// What the program was started for. Its command line is "/k", "/t:" + page, or "/w:" + button, the last with
+/// or without "/ap" behind it.
 class StartUp {
 public:
     int InitialPage = -1;       ///< 0...2 from "/t:", else -1

@@ -9,8 +9,8 @@ class LauncherNotification {
 public:
     explicit LauncherNotification(TopLevelWindows& windows) : windows_(windows) {}
 
-    /// Both reload the settings. Waits for the launcher, but not for one that has stopped answering. True when
-    /// the launcher runs.
+    /// Both reload the settings. Waits for the launcher, but not for one that has stopped answering. True
+    /// when the launcher runs.
     bool NotifyLauncher();
 
     /// Asks the launcher for the wizard's button, if the command line wanted that ("/ap"). True when it was

@@ -6,6 +6,7 @@
 
 class StringTable;
 
-/// True when another instance runs; its settings dialog, or its wizard that runs alone, is then brought forward.
+/// True when another instance runs; its settings dialog, or its wizard that runs alone, is then brought
+/// forward.
 [[nodiscard]] bool YieldToOtherInstance(InstanceGuard& guard, TopLevelWindows& windows,
                                         const StringTable& texts);

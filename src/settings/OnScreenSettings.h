@@ -23,8 +23,8 @@ struct OnScreenSettings {
 /// All four fields equal, the face name exactly.
 [[nodiscard]] bool OnScreenEqual(const OnScreenSettings& a, const OnScreenSettings& b);
 
-/// The maker's colour: the DWORD's decimal digits read as a hexadecimal number (255 means 0x255); green (65280)
-/// when they are none, as those of a negative number, or stand for more than 32 bits.
+/// The maker's colour: the DWORD's decimal digits read as a hexadecimal number (255 means 0x255); green
+/// (65280) when they are none, as those of a negative number, or stand for more than 32 bits.
 [[nodiscard]] std::int32_t ColorFromDecimalDigits(std::int32_t stored);
 
 /// HKLM "Default\OnScreen". The face is one of `fonts` where it can be.

@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// An array whose elements are numbered from 1, as buttons and programs are. Another index is a program error.
+/// An array whose elements are numbered from 1, as buttons and programs are. Another index is a program
+/// error.
 template <class T, std::size_t N> class NumberedFrom1 {
 public:
     T& operator()(int number) { return items_[Index(number)]; }
@@ -68,6 +69,6 @@ struct Pattern {
 /// Numbers of the pictures in the main dialog's list. The pressed picture of each is the next number.
 enum ButtonPicture : int { kPictureNoApp = 1, kPictureSingle = 3, kPictureSequence = 5, kPictureSimul = 7 };
 
-/// The picture of button `number` (1...8). An unknown launch method counts as no program this once and is set to
-/// "M" in the working and in the unchanged copy, so that the replacement is no change of the user's.
+/// The picture of button `number` (1...8). An unknown launch method counts as no program this once and is set
+/// to "M" in the working and in the unchanged copy, so that the replacement is no change of the user's.
 [[nodiscard]] ButtonPicture ButtonPictureIndex(Pattern& working, Pattern& unchanged, int number);

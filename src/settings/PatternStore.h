@@ -25,8 +25,8 @@ public:
     /// "UserName" of the section; the default Pattern's name when it is missing.
     [[nodiscard]] std::wstring LoadPatternName(int number, const Pattern& defaults) const;
 
-    /// The number under which button 1...8 is stored: "AppKey" + number of "UTLSetting\ConvAppKey" when that is
-    /// another button that exists, else its own.
+    /// The number under which button 1...8 is stored: "AppKey" + number of "UTLSetting\ConvAppKey" when that
+    /// is another button that exists, else its own.
     [[nodiscard]] int StorageSlot(int button) const;
 
 private:

@@ -41,7 +41,8 @@ ScannedNumber ScanNumber(std::wstring_view text) {
     return result;
 }
 
-/// Pairs of neighbouring code points (upper even or odd) make up most of the extended Latin and Cyrillic blocks.
+/// Pairs of neighbouring code points (upper even or odd) make up most of the extended Latin and Cyrillic
+/// blocks.
 wchar_t FoldPair(wchar_t c, bool upperIsOdd) {
     const bool odd = (static_cast<std::uint32_t>(c) & 1U) != 0;
     return odd == upperIsOdd ? static_cast<wchar_t>(c + 1) : c;

@@ -17,12 +17,12 @@
 /// Without leading and trailing blanks (U+0020 only).
 [[nodiscard]] std::wstring TrimBlanks(std::wstring_view text);
 
-/// The one test of "is numeric": decimal digits with an optional sign, blanks around them allowed, and a value
-/// of 32 signed bits. Anything else, empty text too, gives nothing.
+/// The one test of "is numeric": decimal digits with an optional sign, blanks around them allowed, and a
+/// value of 32 signed bits. Anything else, empty text too, gives nothing.
 [[nodiscard]] std::optional<std::int32_t> NumberFromText(std::wstring_view text);
 
-/// The number at the start of the text, leading blanks and a sign allowed; 0 when there is none. Values beyond
-/// 32 signed bits stay at the nearest limit.
+/// The number at the start of the text, leading blanks and a sign allowed; 0 when there is none. Values
+/// beyond 32 signed bits stay at the nearest limit.
 [[nodiscard]] std::int32_t LeadingNumber(std::wstring_view text);
 
 /// True when the text is numeric and min <= value <= max.

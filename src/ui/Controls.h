@@ -25,8 +25,8 @@ void ComboAdd(HWND combo, const std::wstring& text, LPARAM data = 0);
 void ComboSelect(HWND combo, int index);
 [[nodiscard]] LPARAM ComboData(HWND combo, int index);
 
-/// What a notification of a combo box means. While its list is open, arrow keys only look; what counts is the entry
-/// that the list closes with.
+/// What a notification of a combo box means. While its list is open, arrow keys only look; what counts is the
+/// entry that the list closes with.
 enum class ComboEvent { None, Chosen, Cancelled };
 [[nodiscard]] ComboEvent ComboEventOf(HWND combo, int notification);
 

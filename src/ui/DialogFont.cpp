@@ -24,7 +24,8 @@ SIZE MeasureBaseUnits(HFONT font) {
     return {std::max<LONG>(width, 1), std::max<LONG>(metrics.tmHeight, 1)};
 }
 
-/// In the size that Windows' own dialogs have in the language of the face; a Japanese face has a Japanese name.
+/// In the size that Windows' own dialogs have in the language of the face; a Japanese face has a Japanese
+/// name.
 Font CreateDialogFont(const std::wstring& faceName, UINT dpi) {
     const bool kanji = std::any_of(faceName.begin(), faceName.end(), [](wchar_t c) { return c > 0x7F; });
     return CreateFontOfPoints(faceName, kanji ? kKanjiPoints : kLatinPoints, dpi);

@@ -20,8 +20,8 @@ struct ControlRow {
     DWORD exStyle = 0;
 };
 
-/// A top-level window of the class "QLBUtlForm": a dialog that creates its controls from tables, in dialog units
-/// of its own font, and lays them out anew when the scaling changes.
+/// A top-level window of the class "QLBUtlForm": a dialog that creates its controls from tables, in dialog
+/// units of its own font, and lays them out anew when the scaling changes.
 class Form {
 public:
     Form(const Form&) = delete;
@@ -34,8 +34,9 @@ public:
     [[nodiscard]] HWND Control(int id) const;
     [[nodiscard]] bool HasControl(int id) const { return controls_.contains(id); }
 
-    /// Runs a system dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user, but not
-    /// for another program's messages, which must not open a second dialog underneath or close the form.
+    /// Runs a system dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user,
+    /// but not for another program's messages, which must not open a second dialog underneath or close the
+    /// form.
     template <class Dialog> auto WhileAsking(Dialog dialog) {
         const ScopedFlag asking(asking_);
         return dialog();
@@ -59,8 +60,8 @@ protected:
     void RunModal();
     void EndModal() { modalEnded_ = true; }
 
-    /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of the
-    /// form's other controls and comes first in the tab order.
+    /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
+    /// the form's other controls and comes first in the tab order.
     HWND AddPage(const std::wstring& name);
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});

@@ -76,7 +76,8 @@ LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wPara
     auto* picture = std::bit_cast<PictureButton*>(self);
     switch (message) {
     case WM_GETDLGCODE:
-        // The system leaves this out for buttons that draw themselves; Enter would press OK instead of this one.
+        // The system leaves this out for buttons that draw themselves; Enter would press OK instead of this
+        // one.
         return DLGC_BUTTON | (picture->isDefault_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
     case BM_SETSTYLE:
         // Passed on, it would take the owner drawing away.

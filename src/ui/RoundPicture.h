@@ -14,8 +14,8 @@ struct SquarePixels {
     }
 };
 
-/// Scales an opaque square picture to `size` pixels by averaging the area behind each pixel, and makes everything
-/// outside its inscribed circle transparent, with a smooth edge.
+/// Scales an opaque square picture to `size` pixels by averaging the area behind each pixel, and makes
+/// everything outside its inscribed circle transparent, with a smooth edge.
 [[nodiscard]] SquarePixels ScaleRoundPicture(const SquarePixels& source, int size);
 
 /// A circle line of `width` pixels just inside a square of `size` pixels, in colour 0x00RRGGBB.

@@ -4,7 +4,8 @@
 
 #include <uxtheme.h>
 
-// Looked up in the system's directory by name: linked, uxtheme.dll would be taken from beside the program first.
+// Looked up in the system's directory by name: linked, uxtheme.dll would be taken from beside the program
+// first.
 
 void UseTabBackground(HWND page) {
     static const auto enable =

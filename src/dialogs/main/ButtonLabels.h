@@ -9,8 +9,8 @@
 class RegIniFunc;
 class StringTable;
 
-/// Labels of buttons 1...8, index 0...7: numbered, named as Fn keys by "QSTART", or as the maker's "ButtonName"
-/// values say.
+/// Labels of buttons 1...8, index 0...7: numbered, named as Fn keys by "QSTART", or as the maker's
+/// "ButtonName" values say.
 [[nodiscard]] std::array<std::wstring, kMaxButtons> ButtonLabels(const RegIniFunc& store,
                                                                  const StringTable& texts,
                                                                  const MakerSwitches& switches);

@@ -21,8 +21,8 @@ struct PictureState {
 /// 0-based index of the last picture that is clipped to an ellipse, by "QSTART".
 [[nodiscard]] int LastRoundPicture(const MakerSwitches& switches);
 
-/// Width or height in pixels of a picture's round region: both operands in twips, each rounded to a whole number
-/// before the whole-number division. 0 when the screen's twips per pixel round to 0.
+/// Width or height in pixels of a picture's round region: both operands in twips, each rounded to a whole
+/// number before the whole-number division. 0 when the screen's twips per pixel round to 0.
 [[nodiscard]] int RoundRegionPixels(double sizeTwips, double twipsPerPixel);
 
 /// Which picture the mouse is over, in the set with hover pictures.

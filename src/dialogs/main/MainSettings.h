@@ -16,8 +16,9 @@ class RegIniFunc;
 /// Pages of the main dialog, as "/t:" numbers them.
 enum class MainPage { Desktop = 0, Notebook = 1, OnScreen = 2 };
 
-/// What the main dialog edits: a working copy of the current Pattern and of the on-screen settings, beside the
-/// copies that were last loaded or saved. Only Save, SwitchPattern and WritePatternNumbers touch the store.
+/// What the main dialog edits: a working copy of the current Pattern and of the on-screen settings, beside
+/// the copies that were last loaded or saved. Only Save, SwitchPattern and WritePatternNumbers touch the
+/// store.
 class MainSettings {
 public:
     MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts);
@@ -52,18 +53,18 @@ public:
     /// Writes "CurrUser" and "NumUser".
     void WritePatternNumbers();
 
-    /// Saves the Pattern and the on-screen settings and tells the launcher. Button names become what the ANSI code
-    /// page can store of them.
+    /// Saves the Pattern and the on-screen settings and tells the launcher. Button names become what the ANSI
+    /// code page can store of them.
     void Save();
 
-    /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the launcher
-    /// told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is called before
-    /// the launcher is told, which may take a while.
+    /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
+    /// launcher told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is
+    /// called before the launcher is told, which may take a while.
     void SwitchPattern(
         int number, bool saveOld, const std::function<void()>& loaded = [] {});
 
-    /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's name. Its
-    /// unsaved edits stay.
+    /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's
+    /// name. Its unsaved edits stay.
     void ReloadPatternList();
 
 private:

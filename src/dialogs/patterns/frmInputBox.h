@@ -13,8 +13,8 @@ class StringTable;
 inline constexpr std::int16_t kStatusOk = 1;
 inline constexpr std::int16_t kStatusCancel = 2;
 
-/// A one-line question: a Pattern's name, checked, or any text with NoCheckFlag. Created for one question: give it
-/// its texts, ShowModal, read the answer, UnloadForm.
+/// A one-line question: a Pattern's name, checked, or any text with NoCheckFlag. Created for one question:
+/// give it its texts, ShowModal, read the answer, UnloadForm.
 class frmInputBox final : public Form {
 public:
     frmInputBox(HWND owner, const StringTable& texts, const AnsiText& ansiText);

@@ -9,7 +9,8 @@
 class AnsiText;
 class StringTable;
 
-/// The pattern manager: adds, deletes, copies and renames Patterns. What it did is in the store when it closes.
+/// The pattern manager: adds, deletes, copies and renames Patterns. What it did is in the store when it
+/// closes.
 class frmManager final : public Form {
 public:
     frmManager(HWND owner, RegIniFunc& store, int buttonCount, const StringTable& texts,

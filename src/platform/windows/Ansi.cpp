@@ -4,8 +4,8 @@
 
 namespace {
 
-/// A look-alike could change a command ("｜" would become the bar before its parameters): "?" is the honest loss.
-/// UTF-8 as the ANSI code page loses nothing, and the system refuses the flag there.
+/// A look-alike could change a command ("｜" would become the bar before its parameters): "?" is the honest
+/// loss. UTF-8 as the ANSI code page loses nothing, and the system refuses the flag there.
 DWORD EncodingFlags() {
     static const DWORD kFlags = GetACP() == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
     return kFlags;

@@ -34,8 +34,8 @@ bool WindowsShell::FileExists(const std::wstring& path) const {
 
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
-    // Handlers of some file types are COM objects. Initialised for the rest of the run; a refusal only means that
-    // somebody did it before.
+    // Handlers of some file types are COM objects. Initialised for the rest of the run; a refusal only means
+    // that somebody did it before.
     using Initialize = HRESULT WINAPI(void*, DWORD);
     if (const auto initialize = SystemProcedure<Initialize>(L"ole32.dll", "CoInitializeEx");
         initialize != nullptr) {
