@@ -23,7 +23,10 @@ std::int32_t WindowsProfileFiles::GetInt(const std::wstring& section, const std:
 
 bool WindowsProfileFiles::SetString(const std::wstring& section, const std::wstring& key,
                                     const std::wstring& value, const std::wstring& file) {
-    return WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), ToAnsi(value).c_str(),
+    // Some systems' profile functions fail badly beyond 32,767 characters; nothing reads that much back.
+    constexpr std::size_t kLongestText = 16'000;
+    return WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(),
+                                      ToAnsi(value.substr(0, kLongestText)).c_str(),
                                       ToAnsi(file).c_str()) != FALSE;
 }
 
