@@ -130,8 +130,13 @@ bool RegIniFunc::IniDeleteSection(const std::wstring& section, const std::wstrin
         return profileFiles_.DeleteSection(section, file);
     }
     // Only a Pattern has a key of its own; the other sections share theirs with what is not ours to remove.
-    const auto place = TranslateIniName(section, L"UserName");
-    return place && place->name == L"SetName" && registry_.DeleteKey(RegistryHive::CurrentUser, place->path);
+    for (int number = 1; number <= kMaxPatterns; ++number) {
+        if (EqualsIgnoreCase(section, PatternSection(number))) {
+            return registry_.DeleteKey(RegistryHive::CurrentUser,
+                                       TranslateIniName(section, L"UserName")->path);
+        }
+    }
+    return false;
 }
 
 std::wstring RegIniFunc::AsStored(const std::wstring& text) const {

@@ -85,15 +85,20 @@ void Form::FocusFirst(HWND parent) {
 }
 
 void Form::RunModal() {
+    if (window_ == nullptr) {
+        return; // could not be created: nothing was answered
+    }
     modalEnded_ = false;
-    EnableWindow(owner_, FALSE);
+    const bool ownerWasEnabled = EnableWindow(owner_, FALSE) == FALSE;
     FocusFirst(window_);
     ShowWindow(window_, SW_SHOW);
-    MSG message;
-    while (!modalEnded_) {
+    MSG message{};
+    while (!modalEnded_ && window_ != nullptr) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got <= 0) {
+        if (got == 0) {
             PostQuitMessage(static_cast<int>(message.wParam)); // the program's own loop ends too
+        }
+        if (got <= 0) {
             break;
         }
         if (!HandleDialogMessage(message)) {
@@ -101,11 +106,24 @@ void Form::RunModal() {
             DispatchMessageW(&message);
         }
     }
+    modalEnded_ = true;
     // The owner first: otherwise another program's window would become active.
-    EnableWindow(owner_, TRUE);
+    if (ownerWasEnabled) {
+        EnableWindow(owner_, TRUE);
+    }
     if (window_ != nullptr) {
         ShowWindow(window_, SW_HIDE);
     }
+}
+
+void Form::EndModal() {
+    modalEnded_ = true;
+    // The loop may be waiting for a message while it answers one that was sent.
+    PostMessageW(window_, WM_NULL, 0, 0);
+}
+
+void Form::FocusControl(int id) {
+    SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(Control(id)), TRUE);
 }
 
 HWND Form::AddPage(const std::wstring& name) {
@@ -204,7 +222,7 @@ INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM
 std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
-        if (asking_) {
+        if (asking_ || modalEnded_) {
             return TRUE; // not from the user, who has another dialog in front
         }
         OnCommand(LOWORD(wParam), HIWORD(wParam));
@@ -226,7 +244,7 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     switch (message) {
     case WM_CLOSE:
-        if (!asking_) {
+        if (!asking_ && !modalEnded_) {
             OnClose();
         }
         return TRUE;
@@ -239,7 +257,9 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return FALSE; // the system's own handling restores the focus
     case WM_VKEYTOITEM:
-        OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
+        if (!asking_) {
+            OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
+        }
         return -1; // the list box does what it does with the key
     case WM_DPICHANGED:
         OnScalingChanged(HIWORD(wParam), *std::bit_cast<const RECT*>(lParam));

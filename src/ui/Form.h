@@ -55,10 +55,11 @@ protected:
 
     /// The focus to the first tab stop of the form or of one of its pages.
     void FocusFirst(HWND parent);
+    void FocusControl(int id);
 
     /// Shows the form and keeps its owner from answering until EndModal. The window stays, hidden.
     void RunModal();
-    void EndModal() { modalEnded_ = true; }
+    void EndModal();
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
     /// the form's other controls and comes first in the tab order.

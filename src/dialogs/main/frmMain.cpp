@@ -305,6 +305,9 @@ void frmMain::RestoreDefaults(MainPage page) {
 }
 
 void frmMain::ManagePatterns() {
+    if (saving_) {
+        return;
+    }
     frmManager manager(Window(), store_, settings_.Switches().ButtonCount(), texts_, platform_.ansiText);
     WhileAsking([&] {
         manager.ShowModal();

@@ -36,6 +36,9 @@ void PatternList::Copy(int index, const std::wstring& name) {
 }
 
 void PatternList::Append(Pattern pattern, const std::wstring& name) {
+    if (!CanAdd()) {
+        return;
+    }
     pattern.UserName = name;
     records_.push_back(std::move(pattern));
     WriteNumber(L"NumUser", Count());
@@ -48,8 +51,12 @@ void PatternList::Rename(int index, const std::wstring& name) {
 }
 
 int PatternList::Delete(int index) {
+    if (!CanDelete(index)) {
+        return index;
+    }
     const int oldCount = Count();
     records_.erase(records_.begin() + index);
+    // Refused writes stay without a word, here and below, as everywhere in the store.
     store_.IniDeleteSection(PatternSection(oldCount), store_.OwnIniFile());
     if (index < currentPattern_) {
         --currentPattern_;
@@ -63,7 +70,9 @@ int PatternList::Delete(int index) {
 }
 
 void PatternList::Save(int index) {
-    patterns_.SavePattern(index + 1, records_.at(static_cast<std::size_t>(index)));
+    Pattern& record = records_.at(static_cast<std::size_t>(index));
+    patterns_.SavePattern(index + 1, record);
+    record.UserName = store_.AsStored(record.UserName);
 }
 
 void PatternList::WriteNumber(const wchar_t* key, int number) {

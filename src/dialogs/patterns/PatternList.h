@@ -26,13 +26,16 @@ public:
 
     [[nodiscard]] bool CanAdd() const { return Count() < kMaxPatterns; }
     /// The current Pattern can't be deleted.
-    [[nodiscard]] bool CanDelete(int index) const { return index >= 0 && index + 1 != currentPattern_; }
+    [[nodiscard]] bool CanDelete(int index) const {
+        return index >= 0 && index < Count() && index + 1 != currentPattern_;
+    }
 
-    /// The new Pattern is the last one. Names have been checked before.
+    /// The new Pattern is the last one; nothing happens when there are ten. Names have been checked before, and
+    /// become what the store can keep of them.
     void Add(const std::wstring& name);
     void Copy(int index, const std::wstring& name);
     void Rename(int index, const std::wstring& name);
-    /// Later Patterns move up. Returns the index to select.
+    /// Later Patterns move up. Returns the index to select. Nothing happens to one that can't be deleted.
     int Delete(int index);
 
 private:

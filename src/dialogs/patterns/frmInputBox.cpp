@@ -41,10 +41,12 @@ frmInputBox::frmInputBox(HWND owner, const StringTable& texts, const AnsiText& a
 void frmInputBox::OnCreate() {
     constexpr int kContentWidth = kWidth - 2 * kMargin;
     InputTitle(texts_.ResText(kTextInputTitle));
-    AddControl(
-        Window(),
-        {IDC_lblInputBox, WC_STATICW, SS_LEFT | WS_GROUP, {kMargin, kMargin, kContentWidth, kLabelHeight}},
-        texts_.ResText(kTextEnterPatternName));
+    AddControl(Window(),
+               {IDC_lblInputBox,
+                WC_STATICW,
+                SS_LEFT | SS_NOPREFIX | WS_GROUP,
+                {kMargin, kMargin, kContentWidth, kLabelHeight}},
+               texts_.ResText(kTextEnterPatternName));
     AddControl(Window(), {IDC_txtInputBox,
                           WC_EDITW,
                           ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP,
@@ -74,6 +76,9 @@ void frmInputBox::SetMsgLabel(const std::wstring& text) {
 }
 
 void frmInputBox::InputText(const std::wstring& text) {
+    if (!HasControl(IDC_txtInputBox)) {
+        return; // no window: the answer will be Cancel
+    }
     SetTextOf(Control(IDC_txtInputBox), text);
     userName_ = text;
 }
@@ -116,6 +121,7 @@ void frmInputBox::OnClose() {
 }
 
 void frmInputBox::Accept() {
+    userName_ = TextOf(Control(IDC_txtInputBox));
     if (!noCheck_ && Refuse()) {
         return;
     }
@@ -129,7 +135,7 @@ bool frmInputBox::Refuse() {
         return false;
     }
     Ask(texts_.ResText(ProblemText(problem)), texts_.ResText(kTextInputError), MB_OK | MB_ICONERROR);
+    FocusControl(IDC_txtInputBox);
     SelectAll();
-    SetFocus(Control(IDC_txtInputBox));
     return true;
 }

@@ -45,13 +45,11 @@ void frmManager::OnCreate() {
                           {kMargin, kListTop, kListWidth, kListHeight},
                           WS_EX_CLIENTEDGE});
     int top = kListTop;
-    const auto addButton = [&](int id, int textOffset) {
-        AddControl(Window(),
-                   {id,
-                    WC_BUTTONW,
-                    BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP,
-                    {kButtonLeft, top, kButtonWidth, kButtonHeight}},
-                   texts_.ResText(textOffset));
+    const auto addButton = [&](int id, int textOffset, DWORD kind = BS_PUSHBUTTON) {
+        AddControl(
+            Window(),
+            {id, WC_BUTTONW, kind | WS_TABSTOP | WS_GROUP, {kButtonLeft, top, kButtonWidth, kButtonHeight}},
+            texts_.ResText(textOffset));
         top += kButtonHeight + kGap;
     };
     addButton(IDC_cmdAdd, kTextAdd);
@@ -59,7 +57,8 @@ void frmManager::OnCreate() {
     addButton(IDC_cmdCopy, kTextCopy);
     addButton(IDC_cmdRename, kTextRename);
     top = kListTop + kListHeight - kButtonHeight;
-    addButton(IDC_cmdClose, kTextClose);
+    addButton(IDC_cmdClose, kTextClose, BS_DEFPUSHBUTTON);
+    SendMessageW(Window(), DM_SETDEFID, IDC_cmdClose, 0);
     FillList(patterns_.CurrentPattern() - 1);
     EnableButtons();
 }
@@ -79,14 +78,15 @@ void frmManager::FillList(int selected) {
 }
 
 int frmManager::Selected() const {
-    return static_cast<int>(SendMessageW(Control(IDC_lstUserList), LB_GETCURSEL, 0, 0));
+    const auto selected = static_cast<int>(SendMessageW(Control(IDC_lstUserList), LB_GETCURSEL, 0, 0));
+    return selected < patterns_.Count() ? selected : -1;
 }
 
 void frmManager::EnableButtons() {
     const auto enable = [this](int id, bool enabled) {
         const HWND button = Control(id);
         if (!enabled && GetFocus() == button) {
-            SetFocus(Control(IDC_lstUserList)); // a disabled button would keep the keyboard to itself
+            FocusControl(IDC_lstUserList); // a disabled button would keep the keyboard to itself
         }
         EnableWindow(button, enabled ? TRUE : FALSE);
     };
@@ -147,6 +147,9 @@ std::optional<std::wstring> frmManager::AskForName(int titleText, const std::wst
 }
 
 void frmManager::Add() {
+    if (!patterns_.CanAdd()) {
+        return;
+    }
     if (const auto name = AskForName(kTextAdd, patterns_.DefaultName())) {
         patterns_.Add(*name);
         FillList(patterns_.Count() - 1);
@@ -156,7 +159,7 @@ void frmManager::Add() {
 
 void frmManager::Copy() {
     const int selected = Selected();
-    if (selected < 0) {
+    if (selected < 0 || !patterns_.CanAdd()) {
         return;
     }
     if (const auto name =
@@ -175,6 +178,7 @@ void frmManager::Rename() {
     if (const auto name = AskForName(kTextRename, patterns_.Name(selected))) {
         patterns_.Rename(selected, *name);
         FillList(selected);
+        EnableButtons();
     }
 }
 
@@ -185,6 +189,7 @@ void frmManager::Delete() {
     }
     const std::wstring question = patterns_.Name(selected) + L" " + texts_.ResText(kTextWillBeDeleted);
     if (Ask(question, texts_.ResText(kTextDelete), MB_OKCANCEL | MB_ICONQUESTION) == IDOK) {
+        const WaitCursor cursor;
         FillList(patterns_.Delete(selected));
         EnableButtons();
     }

@@ -64,6 +64,9 @@ bool WindowsRegistry::Set(RegistryHive hive, const std::wstring& path, const std
 }
 
 bool WindowsRegistry::DeleteKey(RegistryHive hive, const std::wstring& path) {
+    if (path.empty()) {
+        return false; // that would be the whole hive
+    }
     const LSTATUS status = RegDeleteTreeA(HiveHandle(hive), ToAnsi(path).c_str());
     return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND;
 }
