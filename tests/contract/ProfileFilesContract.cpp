@@ -294,6 +294,47 @@ TYPED_TEST(ProfileFilesContract, AFileThatCannotBeWrittenRefuses) {
     EXPECT_FALSE(this->Set(L"Key", L"text"));
 }
 
+TYPED_TEST(ProfileFilesContract, ADeletedSectionIsGone_AndTheOthersAreKept) {
+    const std::initializer_list<const wchar_t*> others{L"USER", L"USER10", L"USER2", L"KORVOQLB"};
+    EXPECT_TRUE(this->rig_.files.SetString(L"KORVOQLB", L"Key", L"kept", this->rig_.File()));
+    this->rig_.PutLine(L"Key", "text");
+    this->rig_.PutLine(L"Other", "text");
+    for (const wchar_t* section : others) {
+        EXPECT_TRUE(this->rig_.files.SetString(section, L"Key", L"kept", this->rig_.File()));
+    }
+    EXPECT_TRUE(this->rig_.files.DeleteSection(kSection, this->rig_.File()));
+    EXPECT_EQ(this->rig_.Line(L"Key"), std::nullopt);
+    EXPECT_EQ(this->rig_.Line(L"Other"), std::nullopt);
+    EXPECT_EQ(this->Get(L"Key"), L"fallback");
+    for (const wchar_t* section : others) {
+        EXPECT_EQ(this->rig_.files.GetString(section, L"Key", L"", this->rig_.File(), kBuffer), L"kept")
+            << testing::PrintToString(section);
+    }
+}
+
+TYPED_TEST(ProfileFilesContract, ASectionIsDeletedWithoutRegardToCase) {
+    this->rig_.PutLine(L"Key", "text");
+    EXPECT_TRUE(this->rig_.files.DeleteSection(L"user1", this->rig_.File()));
+    EXPECT_EQ(this->rig_.Line(L"Key"), std::nullopt);
+}
+
+TYPED_TEST(ProfileFilesContract, AMissingSectionCountsAsDeleted) {
+    this->rig_.PutLine(L"Key", "kept");
+    EXPECT_TRUE(this->rig_.files.DeleteSection(L"USER2", this->rig_.File()));
+    EXPECT_EQ(this->rig_.Line(L"Key"), "kept");
+}
+
+TYPED_TEST(ProfileFilesContract, ASectionOfAMissingFileCountsAsDeleted) {
+    EXPECT_TRUE(this->rig_.files.DeleteSection(kSection, this->rig_.File()));
+    EXPECT_EQ(this->Get(L"Key"), L"fallback");
+}
+
+TYPED_TEST(ProfileFilesContract, AFileThatCannotBeWrittenKeepsItsSections) {
+    this->rig_.PutLine(L"Key", "text");
+    this->rig_.MakeUnusable();
+    EXPECT_FALSE(this->rig_.files.DeleteSection(kSection, this->rig_.File()));
+}
+
 TYPED_TEST(ProfileFilesContract, AFileWithoutDirectoryIsInTheWindowsDirectory) {
     EXPECT_TRUE(this->rig_.files.SetString(kSection, L"Key", L"text", kBareFile));
     const std::wstring full = this->rig_.WindowsDirectory() + L'\\' + kBareFile;

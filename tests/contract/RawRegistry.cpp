@@ -30,6 +30,18 @@ void Require(LSTATUS status, const char* what) {
     }
 }
 
+DWORD AccessOf(KeyRight right) {
+    switch (right) {
+    case KeyRight::Read:
+        return KEY_QUERY_VALUE;
+    case KeyRight::Write:
+        return KEY_SET_VALUE;
+    default:
+        // Not every system asks for DELETE, but all list what is below before they remove it.
+        return DELETE | KEY_ENUMERATE_SUB_KEYS;
+    }
+}
+
 HKEY HiveHandle(RegistryHive hive) {
     return hive == RegistryHive::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
 }
@@ -128,7 +140,7 @@ std::string StoredBytes(std::wstring_view text) {
 DeniedRight::DeniedRight(RegistryHive hive, const std::wstring& path, KeyRight right) {
     HKEY key = Create(HiveHandle(hive), path, WRITE_DAC).release();
     key_.reset(key);
-    SetRights(key, right == KeyRight::Read ? KEY_QUERY_VALUE : KEY_SET_VALUE);
+    SetRights(key, AccessOf(right));
 }
 
 DeniedRight::~DeniedRight() {

@@ -35,7 +35,7 @@ void CreateVolatile(RegistryHive hive, const std::wstring& path);
 
 } // namespace RawRegistry
 
-enum class KeyRight { Read, Write };
+enum class KeyRight { Read, Write, Delete };
 
 /// Takes a right on a key away from everyone until it is destroyed. Creates the key when it is missing.
 class DeniedRight {

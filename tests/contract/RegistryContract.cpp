@@ -35,6 +35,7 @@ public:
     }
     void DenyReading() { registry.refusesReads = true; }
     void DenyWriting() { registry.refusesWrites = true; }
+    void DenyDeleting() { registry.refusesWrites = true; }
 };
 
 class WindowsRig {
@@ -52,6 +53,7 @@ public:
     }
     void DenyReading() { denied_.emplace(kUser, kPath, KeyRight::Read); }
     void DenyWriting() { denied_.emplace(kUser, kPath, KeyRight::Write); }
+    void DenyDeleting() { denied_.emplace(kUser, kPath, KeyRight::Delete); }
 
 private:
     ScratchHives hives_;
@@ -249,6 +251,61 @@ TYPED_TEST(RegistryContract, AKeyThatMayNotBeReadHasNoValues) {
     this->rig_.Put(kUser, L"Name", kRegistryString, "secret\0"s);
     this->rig_.DenyReading();
     EXPECT_EQ(this->Query(L"Name"), std::nullopt);
+}
+
+TYPED_TEST(RegistryContract, ADeletedKeyIsGoneWithEverythingBelowIt) {
+    const RegistryValue text{kRegistryString, "x\0"s};
+    for (const wchar_t* below : {L"", L"\\AppKey1", L"\\AppKey2", L"\\AppKey2\\Deep"}) {
+        ASSERT_TRUE(this->rig_.registry.Set(kUser, kPath + L"\\Set1" + below, L"Name", text));
+    }
+    EXPECT_TRUE(this->rig_.registry.DeleteKey(kUser, kPath + L"\\Set1"));
+    for (const wchar_t* below : {L"", L"\\AppKey1", L"\\AppKey2", L"\\AppKey2\\Deep"}) {
+        EXPECT_EQ(this->rig_.Stored(kUser, kPath + L"\\Set1" + below, L"Name"), std::nullopt);
+    }
+}
+
+TYPED_TEST(RegistryContract, DeletingLeavesParentSiblingsAndOtherHiveAlone) {
+    const RegistryValue text{kRegistryString, "kept\0"s};
+    const auto kept = {std::pair{kUser, kPath},
+                       {kUser, kPath + L"\\Set10"},
+                       {kUser, kPath + L"\\Set"},
+                       {kUser, kPath + L"\\Set2\\Set1"},
+                       {kMachine, kPath + L"\\Set1"}};
+    for (const auto& [hive, path] : kept) {
+        ASSERT_TRUE(this->rig_.registry.Set(hive, path, L"Name", text));
+    }
+    ASSERT_TRUE(this->rig_.registry.Set(kUser, kPath + L"\\Set1", L"Name", text));
+    EXPECT_TRUE(this->rig_.registry.DeleteKey(kUser, kPath + L"\\Set1"));
+    for (const auto& [hive, path] : kept) {
+        EXPECT_THAT(this->rig_.Stored(hive, path, L"Name"), Optional(text)) << testing::PrintToString(path);
+    }
+    EXPECT_EQ(this->rig_.Stored(kUser, kPath + L"\\Set1", L"Name"), std::nullopt);
+}
+
+TYPED_TEST(RegistryContract, AKeyIsDeletedWithoutRegardToCase) {
+    this->rig_.Put(kUser, L"Name", kRegistryString, "x\0"s);
+    EXPECT_TRUE(this->rig_.registry.DeleteKey(kUser, L"SOFTWARE\\qlbutlCONTRACT"));
+    EXPECT_EQ(this->rig_.Stored(kUser, kPath, L"Name"), std::nullopt);
+}
+
+TYPED_TEST(RegistryContract, AMissingKeyCountsAsDeleted) {
+    EXPECT_TRUE(this->rig_.registry.DeleteKey(kUser, kPath));
+    EXPECT_TRUE(this->rig_.registry.DeleteKey(kUser, kPath + L"\\No\\Such\\Key"));
+}
+
+TYPED_TEST(RegistryContract, TheWholeHiveIsNotDeleted) {
+    this->rig_.Put(kUser, L"Name", kRegistryString, "kept\0"s);
+    EXPECT_FALSE(this->rig_.registry.DeleteKey(kUser, L""));
+    EXPECT_THAT(this->rig_.Stored(kUser, kPath, L"Name"),
+                Optional(RegistryValue{kRegistryString, "kept\0"s}));
+}
+
+TYPED_TEST(RegistryContract, AKeyThatMayNotBeDeletedStays) {
+    this->rig_.Put(kUser, L"Name", kRegistryString, "kept\0"s);
+    this->rig_.DenyDeleting();
+    EXPECT_FALSE(this->rig_.registry.DeleteKey(kUser, kPath));
+    EXPECT_THAT(this->rig_.Stored(kUser, kPath, L"Name"),
+                Optional(RegistryValue{kRegistryString, "kept\0"s}));
 }
 
 class WindowsRegistryTest : public testing::Test {

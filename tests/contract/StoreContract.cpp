@@ -141,6 +141,50 @@ TYPED_TEST(StoreContract, EveryEntryHasAPlaceOfItsOwn) {
     }
 }
 
+TYPED_TEST(StoreContract, ADeletedSectionIsGone_AndTheOthersAreKept) {
+    const std::array kGone{Entry{L"USER1", L"UserName"}, Entry{L"USER1", L"Btn1_NumAP"},
+                           Entry{L"USER1", L"Btn8_Title5"}};
+    const std::array kKept{Entry{L"USER10", L"UserName"}, Entry{L"USER10", L"Btn1_NumAP"},
+                           Entry{L"USER2", L"Btn8_Title5"}, Entry{L"KORVOQLB", L"NumUser"},
+                           Entry{L"ONSCREEN", L"FontSize"}};
+    for (const Entry& entry : kGone) {
+        ASSERT_TRUE(this->Set(entry, L"3"));
+    }
+    for (const Entry& entry : kKept) {
+        ASSERT_TRUE(this->Set(entry, L"3"));
+    }
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER1", kOwnIniFile));
+    for (const Entry& entry : kGone) {
+        EXPECT_EQ(this->Get(entry, L"9"), L"9") << testing::PrintToString(entry.key);
+    }
+    for (const Entry& entry : kKept) {
+        EXPECT_EQ(this->Get(entry, L"9"), L"3") << testing::PrintToString(entry.section);
+    }
+}
+
+TYPED_TEST(StoreContract, ADeletedSectionTakesEntriesAgain) {
+    ASSERT_TRUE(this->Set({L"USER10", L"UserName"}, L"first"));
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"user10", kOwnIniFile));
+    EXPECT_TRUE(this->Set({L"USER10", L"UserName"}, L"second"));
+    EXPECT_EQ(this->Get({L"USER10", L"UserName"}, L"none"), L"second");
+}
+
+TYPED_TEST(StoreContract, AMissingSectionCountsAsDeleted) {
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER2", kOwnIniFile));
+    ASSERT_TRUE(this->Set({L"USER1", L"UserName"}, L"kept"));
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER2", kOwnIniFile));
+    EXPECT_EQ(this->Get({L"USER1", L"UserName"}, L"none"), L"kept");
+}
+
+TYPED_TEST(StoreContract, ASectionOfAnotherFileIsDeletedThere) {
+    const std::wstring other = this->rig_.OtherFile();
+    this->rig_.PutLine(other, L"USER1", L"UserName", "theirs");
+    ASSERT_TRUE(this->Set({L"USER1", L"UserName"}, L"ours"));
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER1", other));
+    EXPECT_EQ(this->rig_.Line(other, L"USER1", L"UserName"), std::nullopt);
+    EXPECT_EQ(this->Get({L"USER1", L"UserName"}, L"none"), L"ours");
+}
+
 TYPED_TEST(StoreContract, NothingIsRemembered) {
     EXPECT_TRUE(this->Set({L"USER1", L"UserName"}, L"first"));
     EXPECT_EQ(this->Get({L"USER1", L"UserName"}, L"FALSE"), L"first");

@@ -74,6 +74,17 @@ TYPED_TEST(StoreOnIniFile, TheCutTearsNoCharacter) {
               GetACP() == 932 ? L'x' + std::wstring(255, L'ア') : L'x' + FromAnsi(bytes.substr(0, 510)));
 }
 
+TYPED_TEST(StoreOnIniFile, AnySectionCanBeDeleted) {
+    EXPECT_TRUE(this->Set(L"OTHER", L"Any", L"text"));
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"OTHER", kOwnIniFile));
+    EXPECT_EQ(this->Line(L"OTHER", L"Any"), std::nullopt);
+}
+
+TYPED_TEST(StoreOnIniFile, ASectionThatCannotBeDeletedIsReported) {
+    this->rig_.RefuseWrites();
+    EXPECT_FALSE(this->rig_.store.IniDeleteSection(L"USER1", kOwnIniFile));
+}
+
 TYPED_TEST(StoreOnIniFile, TheRegistryIsNotTouched) {
     this->rig_.PutValue(RegistryHive::CurrentUser, kProductKey, L"CurrSetting", kRegistryString, "7");
     EXPECT_EQ(this->rig_.store.ReadCurrentPatternNumber(), 1);

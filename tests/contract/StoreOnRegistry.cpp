@@ -230,6 +230,28 @@ TYPED_TEST(StoreOnRegistry, AnUnknownSectionIsEmptyAndTakesNothing) {
     EXPECT_EQ(this->rig_.Line(kOwnIniFile, L"OTHER", L"UserName"), std::nullopt);
 }
 
+TYPED_TEST(StoreOnRegistry, OnlyAPatternsSectionCanBeDeleted) {
+    ASSERT_TRUE(this->Set(L"KORVOQLB", L"NumUser", L"3"));
+    ASSERT_TRUE(this->Set(L"ONSCREEN", L"FontName", L"kept"));
+    ASSERT_TRUE(this->Set(L"USER1", L"UserName", L"kept"));
+    for (const wchar_t* section : {L"KORVOQLB", L"ONSCREEN", L"OTHER", L"USER", L"USER0", L"USER11", L""}) {
+        EXPECT_FALSE(this->rig_.store.IniDeleteSection(section, kOwnIniFile))
+            << testing::PrintToString(section);
+    }
+    EXPECT_THAT(this->Value(L"", L"NumSetting"), Optional(Number(3)));
+    EXPECT_THAT(this->Value(L"\\OnScreen", L"FontFace"), Optional(Text("kept")));
+    EXPECT_THAT(this->Value(L"\\Setting\\Set1", L"SetName"), Optional(Text("kept")));
+}
+
+TYPED_TEST(StoreOnRegistry, ADeletedSectionTakesValuesAlongThatAreNotOurs) {
+    const std::wstring path = std::wstring(kProductKey) + L"\\Setting\\Set1";
+    this->rig_.PutValue(kUser, path, L"Foreign", kRegistryString, "x\0"s);
+    this->rig_.PutValue(kUser, path + L"\\AppKey9", L"Foreign", kRegistryString, "x\0"s);
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER1", kOwnIniFile));
+    EXPECT_EQ(this->rig_.Value(path, L"Foreign"), std::nullopt);
+    EXPECT_EQ(this->rig_.Value(path + L"\\AppKey9", L"Foreign"), std::nullopt);
+}
+
 TYPED_TEST(StoreOnRegistry, TheOwnIniFileIsNotTouched) {
     this->rig_.PutLine(kOwnIniFile, L"KORVOQLB", L"CurrUser", "7");
     EXPECT_EQ(this->Get(L"KORVOQLB", L"CurrUser", L"1"), L"1");
@@ -265,12 +287,24 @@ TEST(WindowsStoreOnRegistry, OtherProgramsSeeTheTextInUtf16) {
 }
 
 TEST(WindowsStoreOnRegistry, TheUsersOwnSettingsAreOutOfReachOfTheseTests) {
+    // A key of the test's own stands for the user's settings: those are not to be touched even here.
+    struct OutsideKey {
+        const wchar_t* path = L"Software\\QLBUtlContractOutside";
+        OutsideKey() { RawRegistry::Put(kUser, path, L"Value", kRegistryString, "the user's\0"s); }
+        OutsideKey(const OutsideKey&) = delete;
+        OutsideKey& operator=(const OutsideKey&) = delete;
+        ~OutsideKey() { RegDeleteTreeW(HKEY_CURRENT_USER, path); }
+    };
+    const OutsideKey outside;
     {
         WindowsStoreRig rig;
-        ASSERT_TRUE(rig.store.RegSetDword(kUser, kProductKey, L"QLBUtlContract", 1));
-        EXPECT_TRUE(RawRegistry::Value(kUser, kProductKey, L"QLBUtlContract"));
+        EXPECT_EQ(RawRegistry::Value(kUser, outside.path, L"Value"), std::nullopt);
+        ASSERT_TRUE(rig.store.RegSetDword(kUser, outside.path, L"Value", 1));
+        ASSERT_TRUE(rig.store.RegSetDword(kUser, outside.path, L"Another", 1));
+        EXPECT_THAT(RawRegistry::Value(kUser, outside.path, L"Value"), Optional(Number(1)));
     }
-    EXPECT_EQ(RawRegistry::Value(kUser, kProductKey, L"QLBUtlContract"), std::nullopt);
+    EXPECT_THAT(RawRegistry::Value(kUser, outside.path, L"Value"), Optional(Text("the user's")));
+    EXPECT_EQ(RawRegistry::Value(kUser, outside.path, L"Another"), std::nullopt);
 }
 
 } // namespace

@@ -294,7 +294,7 @@ TEST(WindowsTopLevelWindowsTest, BringingAClosedWindowForwardLeavesTheOthersAlon
     OtherWindow closed(kClass, L"", kHiddenWindow);
     closed.Close();
     WindowsTopLevelWindows().BringForward(closed.Id());
-    EXPECT_EQ(GetForegroundWindow(), shown.Handle());
+    EXPECT_TRUE(HoldsFor([&] { return GetForegroundWindow() == shown.Handle(); }));
 }
 
 } // namespace

@@ -7,6 +7,9 @@
 /// Longer than anything takes that is going to happen at all.
 inline constexpr std::chrono::milliseconds kPatience{10'000};
 
+/// What is not to happen is given this long to happen.
+inline constexpr std::chrono::milliseconds kVigil{300};
+
 /// Asks again and again until the condition holds. False when the time is over.
 inline bool WaitUntil(const std::function<bool()>& condition,
                       std::chrono::milliseconds patience = kPatience) {
@@ -18,4 +21,9 @@ inline bool WaitUntil(const std::function<bool()>& condition,
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     return true;
+}
+
+/// False when the condition fails at any time of the vigil.
+inline bool HoldsFor(const std::function<bool()>& condition, std::chrono::milliseconds vigil = kVigil) {
+    return !WaitUntil([&] { return !condition(); }, vigil);
 }

@@ -34,6 +34,7 @@ public:
     bool refusesWrites = false;
     mutable int failingOperation = 0; ///< the N-th call from now (1: the next) fails; 0: none
     int failingWrite = 0;             ///< the same, counting writes alone
+    int writesUntilDeath = -1;        ///< that many more writes are taken, and no later one; -1: no end
 
     explicit FakeProfileFiles(const AnsiText& ansiText) : ansiText_(ansiText) {}
 
@@ -63,7 +64,7 @@ public:
         operations_.push_back({Access::Write, file, section, key, value});
         const bool operationFails = CountsDown(failingOperation);
         const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails) {
+        if (refusesWrites || operationFails || writeFails || IsDead()) {
             return false;
         }
         PutLine(section, key, file, ansiText_.Encode(value));
@@ -74,7 +75,7 @@ public:
         operations_.push_back({Access::Delete, file, section, {}, {}});
         const bool operationFails = CountsDown(failingOperation);
         const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails) {
+        if (refusesWrites || operationFails || writeFails || IsDead()) {
             return false;
         }
         const auto [wantedFile, wantedSection, key] = KeyOf(section, {}, file);
@@ -125,6 +126,13 @@ private:
                                                   const std::wstring& file) const {
         const bool failsNow = CountsDown(failingOperation);
         return refusesReads || failsNow ? std::nullopt : Line(section, key, file);
+    }
+    [[nodiscard]] bool IsDead() {
+        if (writesUntilDeath > 0) {
+            --writesUntilDeath;
+            return false;
+        }
+        return writesUntilDeath == 0;
     }
     [[nodiscard]] static bool CountsDown(int& calls) { return calls > 0 && --calls == 0; }
 

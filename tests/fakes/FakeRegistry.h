@@ -34,6 +34,7 @@ public:
     bool refusesWrites = false;
     mutable int failingOperation = 0; ///< the N-th call from now (1: the next) fails; 0: none
     int failingWrite = 0;             ///< the same, counting writes alone
+    int writesUntilDeath = -1;        ///< that many more writes are taken, and no later one; -1: no end
 
     [[nodiscard]] std::optional<RegistryValue> Query(RegistryHive hive, const std::wstring& path,
                                                      const std::wstring& name) const override {
@@ -50,7 +51,7 @@ public:
         operations_.push_back({Access::Write, hive, path, name, value});
         const bool operationFails = CountsDown(failingOperation);
         const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails) {
+        if (refusesWrites || operationFails || writeFails || IsDead()) {
             return false;
         }
         RegistryValue stored = value;
@@ -66,8 +67,11 @@ public:
         operations_.push_back({Access::Delete, hive, path, {}, {}});
         const bool operationFails = CountsDown(failingOperation);
         const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails) {
+        if (refusesWrites || operationFails || writeFails || IsDead()) {
             return false;
+        }
+        if (path.empty()) {
+            return false; // as the real one, which would lose the whole hive
         }
         const std::wstring key = Lowered(path);
         std::erase_if(values_, [&](const auto& value) {
@@ -151,6 +155,13 @@ private:
     /// REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ.
     [[nodiscard]] static bool IsText(std::uint32_t type) {
         return type == kRegistryString || type == 2 || type == 7;
+    }
+    [[nodiscard]] bool IsDead() {
+        if (writesUntilDeath > 0) {
+            --writesUntilDeath;
+            return false;
+        }
+        return writesUntilDeath == 0;
     }
     [[nodiscard]] static bool CountsDown(int& calls) { return calls > 0 && --calls == 0; }
 

@@ -112,12 +112,13 @@ TEST_F(OnScreenPage, AFaceChosenByMouseIsStoredByApply) {
     EXPECT_EQ(Stored().face, OfferedFaces().at(3));
 }
 
-TEST_F(OnScreenPage, TheColourChooserOpensOnTheCurrentColour) {
+TEST_F(OnScreenPage, TheColourChooserKeepsTheCurrentColour_WhenNoneIsChosen) {
     StartOnPage();
     const ColourDialog dialog = OpenColours();
-    dialog.Enter(SeededOnScreen().color);
-    EXPECT_EQ(dialog.Entered(), SeededOnScreen().color);
     EXPECT_EQ(dialog.Form().Owner(), Dialog().Hwnd());
+    dialog.Ok();
+    Apply();
+    EXPECT_EQ(Stored().color, SeededOnScreen().color);
 }
 
 TEST_F(OnScreenPage, AChosenColourIsStoredByApplyAsItsNumber) {

@@ -57,7 +57,12 @@ TEST_F(Saving, ANameIsStoredAsTextOfTheAnsiCodePageWithItsNul) {
     const std::optional<RawValue> raw = AppKey(1, 2).Raw(L"DispTitle");
     ASSERT_TRUE(raw.has_value());
     EXPECT_EQ(raw->type, REG_SZ);
-    EXPECT_EQ(raw->bytes.size(), (NewName().size() + 1) * sizeof(wchar_t));
+    std::vector<std::uint8_t> expected;
+    for (const wchar_t c : NewName() + L'\0') {
+        expected.push_back(static_cast<std::uint8_t>(c & 0xFF));
+        expected.push_back(static_cast<std::uint8_t>(c >> 8));
+    }
+    EXPECT_EQ(raw->bytes, expected);
 }
 
 TEST_F(Saving, AnEmptyProgramIsStoredAsTwoNuls) {

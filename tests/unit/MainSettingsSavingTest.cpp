@@ -81,6 +81,7 @@ TEST_F(Saving, CountsATitleAsNoChange_ButSavesIt) {
     MainSettings other(store, notification, fonts);
     other.Load();
     EXPECT_TRUE(PatternsEqual(settings.Working(), other.Working(), 7));
+    PutUser(kFirstButton, L"ProgName1", "Elsewhere");
     other.Save();
     EXPECT_EQ(UserString(kFirstButton, L"ProgName1"), "Changed");
 }

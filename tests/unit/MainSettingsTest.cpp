@@ -171,10 +171,14 @@ TEST_F(Loading, ShowsAnUnknownMethodAsNoAppOnce_WithoutCountingAChange) {
     EXPECT_EQ(settings.PictureOf(1), kPictureSingle);
 }
 
-TEST_F(Loading, KeepsTheChosenPicture_HoweverOftenItIsDrawn) {
+TEST_F(Loading, KeepsTheChosenPicture_WhenNamesChange) {
     PutUser(kFirstButton, L"Execute", "X");
     settings.Load();
+    settings.SetButtonName(1, L"Other");
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
+    PutUser(L"Setting\\Set1", L"SetName", "Renamed");
+    settings.ReloadPatternList();
+    ASSERT_EQ(settings.Working().UserName, L"Renamed");
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
 }
 

@@ -240,11 +240,13 @@ TEST_P(RefusedWrite, OfANumberLeavesTheOtherNumberWritten) {
     for (const int number : {1, 2}) {
         EditedDialog dialog(GetParam());
         dialog.settings.SwitchPattern(2, false);
-        dialog.ForgetOperations();
+        const int count = static_cast<int>(dialog.settings.PatternNames().size());
+        dialog.store.IniSetString(kProgramSection, L"CurrUser", L"7", TestStore::kOwnFile);
+        dialog.store.IniSetString(kProgramSection, L"NumUser", L"9", TestStore::kOwnFile);
         dialog.FailWrite(number);
         dialog.settings.WritePatternNumbers();
-        EXPECT_EQ(dialog.Written().size(), 2U);
-        EXPECT_EQ(dialog.store.ReadCurrentPatternNumber(), 2);
+        EXPECT_EQ(dialog.store.ReadCurrentPatternNumber(), number == 1 ? 7 : 2);
+        EXPECT_EQ(dialog.store.ReadPatternCount(), number == 2 ? 9 : count);
     }
 }
 
@@ -260,6 +262,7 @@ TEST_P(RefusedRead, GivesThatOneValueItsDefault_WhicheverReadItIs) {
         return value == a || value == b;
     };
     int number = 1;
+    int takenInAll = 0;
     for (bool failed = true; failed; ++number) {
         SCOPED_TRACE(number);
         EditedDialog dialog(GetParam());
@@ -284,9 +287,12 @@ TEST_P(RefusedRead, GivesThatOneValueItsDefault_WhicheverReadItIs) {
             }
         }
         EXPECT_LE(taken, failed ? 1 : 0);
+        takenInAll += taken;
         EXPECT_EQ(dialog.settings.CurrentPattern(), 1);
         EXPECT_FALSE(dialog.settings.AnythingChanged());
     }
+    // Each value whose default is another one; titles have none.
+    EXPECT_EQ(takenInAll, kButtons * (3 + kMaxPrograms));
     EXPECT_GT(number, kButtons * 13);
 }
 
