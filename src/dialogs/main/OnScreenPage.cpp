@@ -88,9 +88,10 @@ void OnScreenPage::OnChoice(HWND combo, int id, int notification) {
         return;
     }
     OnScreenSettings settings = settings_.OnScreen();
-    if (id == IDC_cmbFontName) {
-        settings.FontName = fonts_.Faces().at(static_cast<std::size_t>(entry));
-    } else {
+    // Entries that another program put into the list mean nothing here.
+    if (id == IDC_cmbFontName && static_cast<std::size_t>(entry) < fonts_.Faces().size()) {
+        settings.FontName = fonts_.Faces()[static_cast<std::size_t>(entry)];
+    } else if (id == IDC_cmbFontSize && entry <= kLargestFontStep - kSmallestFontStep) {
         settings.FontSize = static_cast<std::uint8_t>(ComboData(combo, entry));
     }
     settings_.SetOnScreen(settings);

@@ -63,6 +63,9 @@ void frmMain::OnDestroy() {
 }
 
 void frmMain::SelectPage(int tabIndex) {
+    if (tabIndex < 0 || static_cast<std::size_t>(tabIndex) >= pages_.size()) {
+        return; // another program changed the tabs
+    }
     Page& selected = pages_.at(static_cast<std::size_t>(tabIndex));
     SendMessageW(Control(IDC_tabContainer), TCM_SETCURSEL, static_cast<WPARAM>(tabIndex), 0);
     if (selected.window == nullptr) {
@@ -260,7 +263,8 @@ bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
         return true;
     }
     const int number = ComboSelection(Control(box)) + 1;
-    if (number >= 1 && number != settings_.CurrentPattern()) {
+    const auto count = static_cast<int>(settings_.PatternNames().size());
+    if (number >= 1 && number <= count && number != settings_.CurrentPattern()) {
         SwitchToChosenPattern(number);
     }
     return true;
