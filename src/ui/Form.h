@@ -34,7 +34,7 @@ public:
     [[nodiscard]] HWND Control(int id) const;
     [[nodiscard]] bool HasControl(int id) const { return controls_.contains(id); }
 
-    /// Runs a system dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user,
+    /// Runs a modal dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user,
     /// but not for another program's messages, which must not open a second dialog underneath or close the
     /// form.
     template <class Dialog> auto WhileAsking(Dialog dialog) {

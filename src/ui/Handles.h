@@ -13,7 +13,6 @@ template <class Handle> using GdiObject = std::unique_ptr<std::remove_pointer_t<
 
 using Font = GdiObject<HFONT>;
 using Bitmap = GdiObject<HBITMAP>;
-using Brush = GdiObject<HBRUSH>;
 using Region = GdiObject<HRGN>;
 
 struct MemoryDcDeleter {
