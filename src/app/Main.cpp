@@ -1,34 +1,15 @@
 #include "dialogs/main/frmMain.h"
-#include "platform/Platform.h"
-#include "platform/windows/Ansi.h"
-#include "platform/windows/WindowsInstalledFonts.h"
-#include "platform/windows/WindowsInstanceGuard.h"
-#include "platform/windows/WindowsProfileFiles.h"
-#include "platform/windows/WindowsRegistry.h"
-#include "platform/windows/WindowsShell.h"
-#include "platform/windows/WindowsStringSource.h"
-#include "platform/windows/WindowsTopLevelWindows.h"
+#include "platform/windows/WindowsPlatform.h"
+#include "platform/windows/Worker.h"
 
 #include <windows.h>
 
-int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_t* lpCmdLine,
-                    int /*nShowCmd*/) {
-    // The program may lie in a folder of downloads: no library is taken from there.
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+namespace {
 
-    WindowsRegistry registry;
-    WindowsProfileFiles profileFiles;
-    const WindowsAnsiText ansiText;
-    const WindowsStringSource strings;
-    WindowsTopLevelWindows windows;
-    WindowsInstanceGuard instanceGuard;
-    const WindowsInstalledFonts fonts;
-    WindowsShell shell;
-    const Platform platform{registry, profileFiles, ansiText, strings, windows, instanceGuard, fonts, shell};
-
+void Run(const Platform& platform, const wchar_t* commandLine) {
     frmMain mainDialog(platform);
-    if (!mainDialog.Load(lpCmdLine)) {
-        return 0;
+    if (!mainDialog.Load(commandLine)) {
+        return;
     }
     mainDialog.Show();
     MSG message;
@@ -37,6 +18,21 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
+    }
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_t* lpCmdLine,
+                    int /*nShowCmd*/) {
+    // The program may lie in a folder of downloads: no library is taken from there.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    WindowsPlatform system;
+    const Platform platform = system.Interfaces();
+    Run(platform, lpCmdLine);
+    if (WorkersRun()) {
+        // One may hang in a shell extension; nothing is left to be saved.
+        TerminateProcess(GetCurrentProcess(), 0);
     }
     return 0;
 }

@@ -1,11 +1,14 @@
 #pragma once
 
 class AnsiText;
+class Drives;
+class FileSystem;
 class InstalledFonts;
 class InstanceGuard;
 class ProfileFiles;
 class Registry;
 class Shell;
+class ShellIcons;
 class StringSource;
 class TopLevelWindows;
 
@@ -19,4 +22,7 @@ struct Platform {
     InstanceGuard& instanceGuard;
     const InstalledFonts& fonts;
     Shell& shell;
+    const FileSystem& files;
+    const Drives& drives;
+    const ShellIcons& icons;
 };

@@ -1,6 +1,7 @@
 #include "settings/StdModule.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace {
@@ -52,7 +53,7 @@ bool Within(wchar_t c, wchar_t first, wchar_t last) {
     return c >= first && c <= last;
 }
 
-wchar_t FoldCase(wchar_t c) {
+wchar_t FoldedCharacter(wchar_t c) {
     if (c < 0x80) {
         return Within(c, L'A', L'Z') ? static_cast<wchar_t>(c + 0x20) : c;
     }
@@ -90,7 +91,49 @@ wchar_t FoldCase(wchar_t c) {
 }
 
 bool SameFolded(wchar_t a, wchar_t b) {
-    return FoldCase(a) == FoldCase(b);
+    return FoldedCharacter(a) == FoldedCharacter(b);
+}
+
+constexpr std::uint32_t kReplacement = 0xFFFD;
+
+struct Utf8Character {
+    std::uint32_t code = kReplacement;
+    std::size_t length = 1;
+};
+
+Utf8Character FirstUtf8Character(std::string_view bytes) {
+    const auto byte = [bytes](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
+    const std::uint32_t lead = byte(0);
+    if (lead < 0x80) {
+        return {lead, 1};
+    }
+    // Leads 0xC0, 0xC1 and from 0xF5 on begin nothing; the smallest code of a length keeps over-long forms out.
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || bytes.size() < length) {
+        return {};
+    }
+    std::uint32_t code = lead & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((byte(i) & 0xC0U) != 0x80) {
+            return {};
+        }
+        code = code << 6U | (byte(i) & 0x3FU);
+    }
+    constexpr std::array<std::uint32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+    if (code < kSmallest.at(length) || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
+        return {};
+    }
+    return {code, length};
+}
+
+void AppendCharacter(std::wstring& text, std::uint32_t code) {
+    if (sizeof(wchar_t) > 2 || code < 0x10000) {
+        text += static_cast<wchar_t>(code);
+        return;
+    }
+    code -= 0x10000;
+    text += static_cast<wchar_t>(0xD800 + (code >> 10U));
+    text += static_cast<wchar_t>(0xDC00 + (code & 0x3FFU));
 }
 
 } // namespace
@@ -142,6 +185,12 @@ std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int3
     return IsNumericInRange(text, min, max) ? *NumberFromText(text) : fallback;
 }
 
+std::wstring FoldCase(std::wstring_view text) {
+    std::wstring folded(text);
+    std::transform(folded.begin(), folded.end(), folded.begin(), FoldedCharacter);
+    return folded;
+}
+
 bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameFolded);
 }
@@ -152,4 +201,14 @@ std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part) {
         return std::wstring_view::npos;
     }
     return static_cast<std::size_t>(found - text.begin());
+}
+
+std::wstring FromUtf8(std::string_view bytes) {
+    std::wstring text;
+    while (!bytes.empty()) {
+        const Utf8Character character = FirstUtf8Character(bytes);
+        AppendCharacter(text, character.code);
+        bytes.remove_prefix(character.length);
+    }
+    return text;
 }

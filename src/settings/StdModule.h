@@ -36,9 +36,15 @@
 /// full-width forms). Independent of the locale, so that every system gives the same answer.
 [[nodiscard]] bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b);
 
+/// Texts that are equal without regard to case are equal after this.
+[[nodiscard]] std::wstring FoldCase(std::wstring_view text);
+
 /// 0-based position of `part` in `text` without regard to case; std::wstring_view::npos when absent.
 [[nodiscard]] std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part);
 
 [[nodiscard]] inline bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part) {
     return FindIgnoreCase(text, part) != std::wstring_view::npos;
 }
+
+/// Bytes that are no UTF-8 become U+FFFD, one for each.
+[[nodiscard]] std::wstring FromUtf8(std::string_view bytes);

@@ -12,6 +12,12 @@ void SetTextOf(HWND window, const std::wstring& text) {
     SetWindowTextW(window, text.c_str());
 }
 
+void SetTextIfOther(HWND window, const std::wstring& text) {
+    if (TextOf(window) != text) {
+        SetTextOf(window, text);
+    }
+}
+
 void ComboAdd(HWND combo, const std::wstring& text, LPARAM data) {
     const LRESULT index = SendMessageW(combo, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str()));
     if (index >= 0) {

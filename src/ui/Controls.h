@@ -6,6 +6,11 @@
 
 [[nodiscard]] std::wstring TextOf(HWND window);
 void SetTextOf(HWND window, const std::wstring& text);
+/// Without flicker, and without telling screen readers of no change.
+void SetTextIfOther(HWND window, const std::wstring& text);
+
+/// Characters that can be typed into a box for a button's name.
+inline constexpr int kNameBoxLimit = 129;
 
 /// The hourglass, for as long as this lives.
 class WaitCursor {

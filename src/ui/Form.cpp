@@ -5,6 +5,8 @@
 #include "ui/FormClass.h"
 #include "ui/Theme.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <bit>
 #include <cassert>
@@ -75,6 +77,15 @@ bool Form::HandleDialogMessage(MSG& message) {
     if (ours && message.message == WM_MOUSEWHEEL && OnMouseWheel(message.hwnd)) {
         return true;
     }
+    if (ours && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST &&
+        OnMouseMessage(message)) {
+        return true;
+    }
+    if (ours && message.message == WM_SYSKEYDOWN && message.wParam == VK_F10 && GetKeyState(VK_SHIFT) < 0) {
+        // Not every control makes a menu request of it.
+        SendMessageW(message.hwnd, WM_CONTEXTMENU, std::bit_cast<WPARAM>(message.hwnd), -1);
+        return true;
+    }
     return IsDialogMessageW(window_, &message) != FALSE;
 }
 
@@ -84,14 +95,21 @@ void Form::FocusFirst(HWND parent) {
                  TRUE);
 }
 
-void Form::RunModal() {
+void Form::RunModal(HWND focus) {
     if (window_ == nullptr) {
         return; // could not be created: nothing was answered
     }
     modalEnded_ = false;
     const bool ownerWasEnabled = EnableWindow(owner_, FALSE) == FALSE;
-    FocusFirst(window_);
+    if (focus == nullptr) {
+        FocusFirst(window_);
+    } else {
+        SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(focus), TRUE);
+    }
     ShowWindow(window_, SW_SHOW);
+    if (owner_ == nullptr) {
+        SetForegroundWindow(window_); // nothing of ours was in front before
+    }
     MSG message{};
     while (!modalEnded_ && window_ != nullptr) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -135,6 +153,15 @@ HWND Form::AddPage(const std::wstring& name) {
     UseTabBackground(page);
     SetWindowPos(page, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return page;
+}
+
+HWND Form::AddFrame(int id) {
+    const HWND frame = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc, 0);
+    if (frame != nullptr) {
+        SetWindowLongPtrW(frame, GWLP_ID, id);
+        controls_.emplace(id, frame);
+    }
+    return frame;
 }
 
 HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& text) {
@@ -216,10 +243,10 @@ INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM
         form->OnMouseOverPage();
         return TRUE;
     }
-    return form->OnControlMessage(message, wParam, lParam).value_or(FALSE);
+    return form->OnControlMessage(window, message, wParam, lParam).value_or(FALSE);
 }
 
-std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+std::optional<INT_PTR> Form::OnControlMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
         if (asking_ || modalEnded_) {
@@ -228,7 +255,20 @@ std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARA
         OnCommand(LOWORD(wParam), HIWORD(wParam));
         return TRUE;
     case WM_NOTIFY:
-        OnNotify(*std::bit_cast<const NMHDR*>(lParam));
+        SetWindowLongPtrW(receiver, DWLP_MSGRESULT, OnNotify(*std::bit_cast<NMHDR*>(lParam)));
+        return TRUE;
+    case WM_CTLCOLORSTATIC:
+        if (const HBRUSH brush = OnStaticColour(std::bit_cast<HWND>(lParam), std::bit_cast<HDC>(wParam));
+            brush != nullptr) {
+            return std::bit_cast<INT_PTR>(brush);
+        }
+        return std::nullopt;
+    case WM_SETCURSOR:
+        if (!ShowsHourglass()) {
+            return std::nullopt;
+        }
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        SetWindowLongPtrW(receiver, DWLP_MSGRESULT, TRUE);
         return TRUE;
     case WM_DRAWITEM:
         OnDrawItem(*std::bit_cast<const DRAWITEMSTRUCT*>(lParam));
@@ -239,7 +279,7 @@ std::optional<INT_PTR> Form::OnControlMessage(UINT message, WPARAM wParam, LPARA
 }
 
 INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (const auto answer = OnControlMessage(message, wParam, lParam)) {
+    if (const auto answer = OnControlMessage(window_, message, wParam, lParam)) {
         return *answer;
     }
     switch (message) {
@@ -256,6 +296,19 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnActivate();
         }
         return FALSE; // the system's own handling restores the focus
+    case WM_CAPTURECHANGED:
+        OnCaptureLost();
+        return TRUE;
+    case WM_CONTEXTMENU: {
+        if (asking_ || modalEnded_) {
+            return TRUE;
+        }
+        const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+        const bool byKeyboard = at.x == -1 && at.y == -1;
+        return OnContextMenu(std::bit_cast<HWND>(wParam), byKeyboard ? std::nullopt : std::optional(at))
+                   ? TRUE
+                   : FALSE;
+    }
     case WM_VKEYTOITEM:
         if (!asking_) {
             OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));

@@ -58,12 +58,15 @@ protected:
     void FocusControl(int id);
 
     /// Shows the form and keeps its owner from answering until EndModal. The window stays, hidden.
-    void RunModal();
+    /// `focus` gets the keyboard; null: the first tab stop.
+    void RunModal(HWND focus = nullptr);
     void EndModal();
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
     /// the form's other controls and comes first in the tab order.
     HWND AddPage(const std::wstring& name);
+    /// A hidden child dialog with an id, for controls that come and go together; anywhere on the form.
+    HWND AddFrame(int id);
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});
 
@@ -76,7 +79,10 @@ protected:
     /// Places what dialog units can't; returns the client size in pixels.
     virtual SIZE OnLayout() = 0;
     virtual void OnCommand(int id, int notification) = 0;
-    virtual void OnNotify(const NMHDR& /*header*/) {}
+    /// Returns what the control wants to know.
+    virtual LRESULT OnNotify(NMHDR& /*header*/) { return 0; }
+    /// True while the pointer over the form is an hourglass.
+    [[nodiscard]] virtual bool ShowsHourglass() const { return false; }
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     virtual void OnMouseOverPage() {}
     virtual void OnHelpKey() {}
@@ -91,6 +97,14 @@ protected:
     /// A key, or the mouse wheel, on its way to a control. True keeps it from there.
     virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
     virtual bool OnMouseWheel(HWND /*control*/) { return false; }
+    /// A mouse message on its way to the form or a control. True keeps it from there.
+    virtual bool OnMouseMessage(const MSG& /*message*/) { return false; }
+    /// The mouse was taken away from the window that had captured it.
+    virtual void OnCaptureLost() {}
+    /// A right click at a point of the screen, or nothing for the keyboard's menu key. True when handled.
+    virtual bool OnContextMenu(HWND /*control*/, std::optional<POINT> /*at*/) { return false; }
+    /// The background of a static or read-only control; null for the usual one.
+    virtual HBRUSH OnStaticColour(HWND /*control*/, HDC /*hdc*/) { return nullptr; }
 
 private:
     struct Placed {
@@ -101,7 +115,7 @@ private:
     static INT_PTR CALLBACK FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     static INT_PTR CALLBACK PageProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    std::optional<INT_PTR> OnControlMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    std::optional<INT_PTR> OnControlMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     void SetScaling(UINT dpi);
     /// Lays the controls out; returns the size of the whole window.
     SIZE LayOut();

@@ -15,6 +15,11 @@ using Font = GdiObject<HFONT>;
 using Bitmap = GdiObject<HBITMAP>;
 using Region = GdiObject<HRGN>;
 
+struct MenuDeleter {
+    void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using PopupMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDeleter>;
+
 struct MemoryDcDeleter {
     void operator()(HDC hdc) const { DeleteDC(hdc); }
 };

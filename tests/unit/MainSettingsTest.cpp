@@ -160,6 +160,73 @@ TEST_F(Loaded, ShowsThePictureOfTheMethod) {
     EXPECT_EQ(settings.PictureOf(1), kPictureSequence);
 }
 
+TEST_F(Loaded, TakesAWholeButtonAsItWasEdited) {
+    ButtonSlot slot;
+    slot.Name = L"Letters";
+    slot.Exec = L"P";
+    slot.NumAP = 2;
+    for (int number = 1; number <= kMaxPrograms; ++number) {
+        slot.AP(number) = L"command" + std::to_wstring(number);
+        slot.Param(number) = L"parameter" + std::to_wstring(number);
+        slot.Title(number) = L"title" + std::to_wstring(number);
+    }
+    for (const int button : {1, 7}) {
+        Pattern expected = settings.Working();
+        expected.Btn(button) = slot;
+        settings.SetSlot(button, slot);
+        EXPECT_EQ(settings.Working(), expected);
+        EXPECT_EQ(settings.Slot(button), slot);
+        EXPECT_TRUE(settings.PatternChanged());
+    }
+}
+
+TEST_F(Loaded, SavesNothingAndTellsNobody_WhenAButtonWasEdited) {
+    ButtonSlot slot = settings.Slot(1);
+    slot.AP(1) = L"C:\\Apps\\Mail.exe";
+    settings.SetSlot(1, slot);
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Loaded, CountsNoChange_WhenAButtonComesBackAsItWas) {
+    const ButtonSlot before = settings.Slot(1);
+    settings.SetSlot(1, before);
+    EXPECT_FALSE(settings.AnythingChanged());
+    ButtonSlot slot = before;
+    slot.Param(1) = L"/p";
+    settings.SetSlot(1, slot);
+    EXPECT_TRUE(settings.AnythingChanged());
+    settings.SetSlot(1, before);
+    EXPECT_FALSE(settings.AnythingChanged());
+}
+
+TEST_F(Loaded, ShowsThePictureOfTheEditedButton) {
+    struct Case {
+        const wchar_t* letter;
+        std::int16_t count;
+        ButtonPicture picture;
+    };
+    for (const auto& [letter, count, picture] :
+         {Case{L"M", 1, kPictureSingle}, Case{L"K", 1, kPictureSingle}, Case{L"P", 3, kPictureSimul},
+          Case{L"P", 0, kPictureNoApp}, Case{L"S", 2, kPictureSequence}, Case{L"M", 0, kPictureNoApp}}) {
+        ButtonSlot slot = settings.Slot(1);
+        slot.Exec = letter;
+        slot.NumAP = count;
+        settings.SetSlot(1, slot);
+        EXPECT_EQ(settings.PictureOf(1), picture) << testing::PrintToString(std::wstring(letter)) << count;
+        EXPECT_EQ(settings.PictureOf(2), kPictureSequence);
+    }
+}
+
+TEST_F(Loading, ShowsTheEditedButtonAgain_WhoseMethodWasUnknown) {
+    PutUser(kFirstButton, L"Execute", "X");
+    settings.Load();
+    ASSERT_EQ(settings.PictureOf(1), kPictureNoApp);
+    settings.SetSlot(1, settings.Slot(1));
+    EXPECT_EQ(settings.PictureOf(1), kPictureSingle);
+    EXPECT_FALSE(settings.AnythingChanged());
+}
+
 TEST_F(Loading, ShowsAnUnknownMethodAsNoAppOnce_WithoutCountingAChange) {
     PutUser(kFirstButton, L"Execute", "X");
     settings.Load();

@@ -92,12 +92,12 @@ std::optional<std::string> TestStore::Line(const std::wstring& section, const st
 std::vector<std::string> TestStore::Written() const {
     std::vector<std::string> lines;
     for (const FakeRegistry::Operation& write : registry.Writes()) {
+        const std::string hive = write.hive == RegistryHive::LocalMachine ? "HKLM " : "";
         if (write.access == FakeRegistry::Access::Delete) {
-            lines.push_back("delete " + Place(write));
+            lines.push_back(hive + "delete " + Place(write));
             continue;
         }
-        const bool machine = write.hive == RegistryHive::LocalMachine;
-        lines.push_back((machine ? "HKLM " : "") + Place(write) + " = " + Content(write.value));
+        lines.push_back(hive + Place(write) + " = " + Content(write.value));
     }
     for (const FakeProfileFiles::Operation& write : files.Writes()) {
         if (write.access == FakeProfileFiles::Access::Delete) {

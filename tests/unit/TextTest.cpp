@@ -175,4 +175,58 @@ TEST(FindIgnoreCaseTest, FindsTheEmptyTextAtTheStart) {
     EXPECT_EQ(FindIgnoreCase(L"", L""), 0U);
 }
 
+TEST(FoldCaseTest, FoldsCasedLettersAlone) {
+    EXPECT_EQ(FoldCase(L"Start MENU 2"), L"start menu 2");
+    EXPECT_EQ(FoldCase(L"\x00C4\x0416\x03A9\xFF21"), L"\x00E4\x0436\x03C9\xFF41");
+    EXPECT_EQ(FoldCase(L"\x00D7\x30A2\x0131[@"), L"\x00D7\x30A2\x0131[@");
+    EXPECT_EQ(FoldCase(L""), L"");
+    EXPECT_EQ(FoldCase(std::wstring_view(L"A\0B", 3)), std::wstring(L"a\0b", 3));
+}
+
+TEST(FoldCaseTest, MakesTextsTheSame_ExactlyWhenTheyAreEqualWithoutRegardToCase) {
+    for (unsigned code = 1; code < 0x500; ++code) {
+        const std::wstring one(1, static_cast<wchar_t>(code));
+        for (const unsigned distance : {1U, 0x20U, 0x50U}) {
+            const std::wstring other(1, static_cast<wchar_t>(code + distance));
+            EXPECT_EQ(FoldCase(one) == FoldCase(other), EqualsIgnoreCase(one, other))
+                << code << '+' << distance;
+        }
+        EXPECT_EQ(FoldCase(FoldCase(one)), FoldCase(one)) << code;
+    }
+}
+
+TEST(FromUtf8Test, DecodesEveryLength) {
+    EXPECT_EQ(FromUtf8(""), L"");
+    EXPECT_EQ(FromUtf8("abc\x7F"), L"abc\x7F");
+    EXPECT_EQ(FromUtf8("\xC2\x80\xDF\xBF"), L"\x0080\x07FF");
+    EXPECT_EQ(FromUtf8("\xE0\xA0\x80\xE6\x97\xA5\xEF\xBF\xBF"), L"\x0800\x65E5\xFFFF");
+    EXPECT_EQ(FromUtf8("\xF0\x90\x80\x80\xF4\x8F\xBF\xBF"), L"\U00010000\U0010FFFF");
+    EXPECT_EQ(FromUtf8(std::string_view("a\0b", 3)), std::wstring(L"a\0b", 3));
+}
+
+TEST(FromUtf8Test, KeepsTheCodesOnBothSidesOfTheSurrogates) {
+    EXPECT_EQ(FromUtf8("\xED\x9F\xBF\xEE\x80\x80"), L"\xD7FF\xE000");
+}
+
+TEST(FromUtf8Test, ReplacesEachByteThatIsNoText) {
+    struct Case {
+        const char* bytes;
+        std::size_t replaced;
+    };
+    // Stray and missing continuations, over-long forms, surrogates, codes beyond the last.
+    for (const Case& wrong :
+         {Case{"\x80", 1}, Case{"\xBF\xBF", 2}, Case{"\xC2", 1}, Case{"\xE6\x97", 2}, Case{"\xF0\x90\x80", 3},
+          Case{"\xC0\x80", 2}, Case{"\xC1\xBF", 2}, Case{"\xE0\x9F\xBF", 3}, Case{"\xF0\x8F\xBF\xBF", 4},
+          Case{"\xED\xA0\x80", 3}, Case{"\xED\xBF\xBF", 3}, Case{"\xF4\x90\x80\x80", 4},
+          Case{"\xF5\x80\x80\x80", 4}, Case{"\xFE\xFF", 2}}) {
+        EXPECT_EQ(FromUtf8(wrong.bytes), std::wstring(wrong.replaced, L'\xFFFD'))
+            << testing::PrintToString(wrong.bytes);
+    }
+}
+
+TEST(FromUtf8Test, GoesOnBehindWhatIsNoText) {
+    EXPECT_EQ(FromUtf8("a\xC2z"), L"a\xFFFDz");
+    EXPECT_EQ(FromUtf8("\xE6\x97\xE6\x97\xA5"), L"\xFFFD\xFFFD\x65E5");
+}
+
 } // namespace

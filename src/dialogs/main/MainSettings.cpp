@@ -44,6 +44,11 @@ void MainSettings::ChoosePicture(int button) {
     pictures_(button) = ButtonPictureIndex(working_, unchanged_, button);
 }
 
+void MainSettings::SetSlot(int button, const ButtonSlot& slot) {
+    working_.Btn(button) = slot;
+    ChoosePicture(button);
+}
+
 std::vector<int> MainSettings::ButtonsOf(MainPage page) const {
     std::vector<int> buttons;
     if (page == MainPage::Desktop) {
@@ -82,15 +87,38 @@ void MainSettings::WritePatternNumbers() {
                         store_.OwnIniFile());
 }
 
-void MainSettings::Save() {
+void MainSettings::StorePattern() {
     Patterns().SavePattern(currentPattern_, working_);
     for (int button = 1; button <= switches_.ButtonCount(); ++button) {
         std::wstring& name = working_.Btn(button).Name;
         name = store_.AsStored(name);
     }
-    SaveOnScreen(store_, onScreen_);
     unchanged_ = working_;
+}
+
+void MainSettings::StoreOnScreen() {
+    SaveOnScreen(store_, onScreen_);
     unchangedOnScreen_ = onScreen_;
+}
+
+void MainSettings::Save() {
+    StorePattern();
+    StoreOnScreen();
+    launcher_.NotifyLauncher();
+}
+
+void MainSettings::SaveButton(int button, const ButtonSlot& slot) {
+    // A button that is stored in the same place would write its former settings over these.
+    const int place = StorageSlot(button);
+    for (int other = 1; other <= switches_.ButtonCount(); ++other) {
+        if (StorageSlot(other) == place) {
+            SetSlot(other, slot);
+        }
+    }
+    SetSlot(button, slot);
+    StorePattern();
+    WritePatternNumbers();
+    StoreOnScreen();
     launcher_.NotifyLauncher();
 }
 

@@ -42,6 +42,8 @@ public:
 
     /// Takes the text as it is.
     void SetButtonName(int button, const std::wstring& name) { working_.Btn(button).Name = name; }
+    /// The button's settings as another dialog has edited them. Nothing is saved.
+    void SetSlot(int button, const ButtonSlot& slot);
     void SetOnScreen(const OnScreenSettings& settings) { onScreen_ = settings; }
 
     /// Nothing is saved.
@@ -56,6 +58,13 @@ public:
     /// Saves the Pattern and the on-screen settings and tells the launcher. Button names become what the ANSI
     /// code page can store of them.
     void Save();
+
+    /// Stores a button's settings at once, with all that was edited before, and tells the launcher.
+    void SaveButton(int button, const ButtonSlot& slot);
+
+    /// The number (1...8) under which a button is stored.
+    [[nodiscard]] int StorageSlot(int button) const { return Patterns().StorageSlot(button); }
+    [[nodiscard]] const Pattern& Defaults() const { return defaults_; }
 
     /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
     /// launcher told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is
@@ -72,6 +81,8 @@ private:
     [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
     void LoadCurrentPattern();
     void ChoosePicture(int button);
+    void StorePattern();
+    void StoreOnScreen();
 
     RegIniFunc& store_;
     LauncherNotification& launcher_;

@@ -2,7 +2,11 @@
 
 #include "app/Help.h"
 #include "dialogs/patterns/frmManager.h"
+#include "dialogs/register/frmSetAp.h"
+#include "dialogs/wizard/WizardButtons.h"
+#include "dialogs/wizard/frmWizard.h"
 #include "platform/Platform.h"
+#include "print/PrintCommand.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
 #include "ui/Controls.h"
@@ -37,11 +41,12 @@ bool frmMain::Load(std::wstring_view commandLine) {
     if (!startUp_.ParseCommandLine(commandLine, store_, platform_.instanceGuard, platform_.windows, texts_)) {
         return false;
     }
-    if (Globals().WizardForButton) {
-        return false; // the wizard is not part of this version
-    }
     fonts_.EnumerateFonts(platform_.fonts);
     settings_.Load();
+    if (Globals().WizardForButton) {
+        RunWizardAlone();
+        return false;
+    }
     return CreateHidden(nullptr, Globals().DialogFontName);
 }
 
@@ -151,6 +156,9 @@ void frmMain::ShowSavedNames() {
 }
 
 void frmMain::ShowButton(int button) {
+    if (!HasControl(IDC_txtButtonName0 + button - 1)) {
+        return; // its page was never shown, or shows fewer buttons
+    }
     const HWND box = Control(IDC_txtButtonName0 + button - 1);
     if (TextOf(box) != settings_.Slot(button).Name) { // else the caret would move
         const ScopedFlag filling(filling_);
@@ -167,7 +175,8 @@ void frmMain::ShowPictures(const std::vector<int>& buttons) {
         }
         const ButtonPicture picture = settings_.PictureOf(button);
         const MakerSwitches& switches = settings_.Switches();
-        const PictureState rest{.pressed = false, .hovered = hover_.IsOver(button)};
+        const bool edited = button == editedButton_;
+        const PictureState rest{.pressed = edited, .hovered = !edited && hover_.IsOver(button)};
         const PictureState pressed{.pressed = true, .hovered = false};
         placed.picture->Show(PictureNumber(switches, button, picture, rest),
                              PictureNumber(switches, button, picture, pressed));
@@ -190,10 +199,11 @@ void frmMain::OnDrawItem(const DRAWITEMSTRUCT& item) {
     }
 }
 
-void frmMain::OnNotify(const NMHDR& header) {
+LRESULT frmMain::OnNotify(NMHDR& header) {
     if (header.idFrom == IDC_tabContainer && header.code == TCN_SELCHANGE) {
         SelectPage(static_cast<int>(SendMessageW(header.hwndFrom, TCM_GETCURSEL, 0, 0)));
     }
+    return 0;
 }
 
 void frmMain::OnCommand(int id, int notification) {
@@ -216,11 +226,19 @@ void frmMain::OnCommand(int id, int notification) {
     if (notification != BN_CLICKED) {
         return;
     }
+    if (IsOneOf(id, IDC_picButton0, kMaxButtons)) {
+        EditButton(id - IDC_picButton0 + 1);
+        return;
+    }
     if (IsOneOf(id, IDC_cmdDefault0, 3)) {
         RestoreDefaults(static_cast<MainPage>(id - IDC_cmdDefault0));
         return;
     }
     switch (id) {
+    case IDC_cmdWizard0:
+    case IDC_cmdWizard1:
+        RunWizard(static_cast<MainPage>(id - IDC_cmdWizard0));
+        break;
     case IDC_cmdUserManager0:
     case IDC_cmdUserManager1:
         ManagePatterns();
@@ -233,6 +251,11 @@ void frmMain::OnCommand(int id, int notification) {
         break;
     case IDC_cmdApply:
         Apply();
+        break;
+    case IDC_cmdPrint:
+        if (!saving_) {
+            PrintPattern(*this, store_, texts_, Globals().IniFileName);
+        }
         break;
     case IDC_cmdHelp:
         Help();
@@ -323,6 +346,60 @@ void frmMain::ManagePatterns() {
             FillPatternBox(Control(box));
         }
     }
+}
+
+void frmMain::EditButton(int button) {
+    if (saving_) {
+        return;
+    }
+    editedButton_ = button;
+    ShowPictures({button});
+    Globals().EditedButtonSlot = settings_.Slot(button);
+    {
+        frmSetAp dialog(Window(), platform_, store_, texts_);
+        WhileAsking([&] {
+            dialog.ShowModal();
+            return true;
+        });
+        dialog.UnloadForm();
+    }
+    const bool changed = Globals().EditedButtonSlot != settings_.Slot(button);
+    editedButton_ = 0;
+    if (changed) {
+        settings_.SetSlot(button, Globals().EditedButtonSlot);
+        ShowButton(button);
+    } else {
+        ShowPictures({button});
+    }
+}
+
+void frmMain::RunWizard(MainPage page) {
+    if (saving_) {
+        return;
+    }
+    frmWizard wizard(Window(), platform_, store_, texts_, settings_.Defaults());
+    wizard.QLBeyCount(WizardButtonSet(page == MainPage::Desktop, settings_.Switches().NTNumAPBtn));
+    WhileAsking([&] {
+        wizard.ShowModal();
+        return true;
+    });
+    const int button = wizard.ButtonIndex() + 1;
+    if (wizard.ReturnStatus() == kWizardFinished && button <= kMaxButtons) {
+        SaveWith([&] { settings_.SaveButton(button, Globals().EditedButtonSlot); });
+        ShowButton(button);
+        ShowSavedNames();
+    }
+    wizard.UnloadForm();
+}
+
+void frmMain::RunWizardAlone() {
+    frmWizard wizard(nullptr, platform_, store_, texts_, settings_.Defaults());
+    wizard.ShowModal();
+    if (wizard.ReturnStatus() == kWizardFinished) {
+        settings_.SaveButton(settings_.StorageSlot(startUp_.WizardButton + 1), Globals().EditedButtonSlot);
+        launcher_.PostButtonToLauncher(startUp_);
+    }
+    wizard.UnloadForm();
 }
 
 void frmMain::Ok() {

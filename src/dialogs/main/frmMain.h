@@ -35,7 +35,7 @@ protected:
     void OnCreate() override;
     SIZE OnLayout() override;
     void OnCommand(int id, int notification) override;
-    void OnNotify(const NMHDR& header) override;
+    LRESULT OnNotify(NMHDR& header) override;
     void OnDrawItem(const DRAWITEMSTRUCT& item) override;
     void OnMouseOverPage() override;
     void OnHelpKey() override;
@@ -81,6 +81,10 @@ private:
     int AskToSave();
     template <class Operation> void SaveWith(Operation operation);
     void ManagePatterns();
+    void EditButton(int button);
+    void RunWizard(MainPage page);
+    /// Wizard mode: the wizard alone, for the button that the command line names.
+    void RunWizardAlone();
     void Ok();
     void Apply();
     void Help();
@@ -101,6 +105,7 @@ private:
     std::vector<PlacedPicture> pictures_;
     std::array<std::wstring, kMaxButtons> labels_;
     ButtonHover hover_;
+    int editedButton_ = 0; ///< 1...8 while its dialog is open: its picture stays pressed
     bool filling_ = false; ///< the form itself changes its controls
     bool switchPending_ = false;
     bool saving_ = false; ///< the launcher is being told; another program's message must not start it again

@@ -155,7 +155,7 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
 
     const int bottom = PageHeight() - kMargin - kButtonHeight;
     AddPageButton(page, IDC_cmdWizard0 + index, kTextWizardButton,
-                  {kMargin, bottom, kPageButtonWidth, kButtonHeight}, false);
+                  {kMargin, bottom, kPageButtonWidth, kButtonHeight}, true);
     AddPageButton(page, IDC_cmdDefault0 + index, kTextDefault,
                   {managerLeft, bottom, kPageButtonWidth, kButtonHeight}, true);
 }
@@ -183,8 +183,9 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
                {IDC_lblButtonName0 + index, WC_STATICW,
                 places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS | kGroup, places.label},
                label);
-    AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW, ES_AUTOHSCROLL | kTabStop | kGroup, places.name,
-                      WS_EX_CLIENTEDGE});
+    const HWND name = AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW,
+                                        ES_AUTOHSCROLL | kTabStop | kGroup, places.name, WS_EX_CLIENTEDGE});
+    SendMessageW(name, EM_LIMITTEXT, kNameBoxLimit, 0);
 }
 
 void frmMain::CreateOnScreenPage(HWND page) {
@@ -247,7 +248,7 @@ void frmMain::CreateDialogButtons() {
     add(IDC_cmdOK, kTextOk, BS_DEFPUSHBUTTON);
     add(IDC_cmdCancel, kTextCancel, BS_PUSHBUTTON);
     add(IDC_cmdApply, kTextApply, BS_PUSHBUTTON);
-    EnableWindow(add(IDC_cmdPrint, kTextPrint, BS_PUSHBUTTON), FALSE);
+    add(IDC_cmdPrint, kTextPrint, BS_PUSHBUTTON);
     const HWND help = add(IDC_cmdHelp, kTextHelpButton, BS_PUSHBUTTON);
     EnableWindow(help, HasHelp() ? TRUE : FALSE);
 }

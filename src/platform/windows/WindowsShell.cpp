@@ -1,12 +1,17 @@
 #include "platform/windows/WindowsShell.h"
 
 #include "platform/windows/Ansi.h"
+#include "platform/windows/AutomationObject.h"
+#include "platform/windows/Com.h"
+#include "platform/windows/KernelHandle.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
 
-#include <objbase.h>
+#include <intshcut.h>
+#include <shlobj.h>
 
+#include <array>
 #include <cstdint>
 
 std::wstring WindowsShell::ProgramDirectory() const {
@@ -34,13 +39,7 @@ bool WindowsShell::FileExists(const std::wstring& path) const {
 
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
-    // Handlers of some file types are COM objects. Initialised for the rest of the run; a refusal only means
-    // that somebody did it before.
-    using Initialize = HRESULT WINAPI(void*, DWORD);
-    if (const auto initialize = SystemProcedure<Initialize>(L"ole32.dll", "CoInitializeEx");
-        initialize != nullptr) {
-        initialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE);
-    }
+    EnterComApartment(); // handlers of some file types are COM objects
     using Execute = HINSTANCE WINAPI(HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT);
     const auto execute = SystemProcedure<Execute>(L"shell32.dll", "ShellExecuteA");
     if (execute == nullptr) {
@@ -49,4 +48,95 @@ bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDir
     const HINSTANCE result = execute(reinterpret_cast<HWND>(owner), "open", ToAnsi(file).c_str(), nullptr,
                                      ToAnsi(workingDirectory).c_str(), SW_SHOWNORMAL);
     return reinterpret_cast<std::intptr_t>(result) > kLastErrorCode;
+}
+
+std::wstring WindowsShell::WindowsDirectory() const {
+    std::array<char, MAX_PATH> path{};
+    const UINT length = GetWindowsDirectoryA(path.data(), static_cast<UINT>(path.size()));
+    return length < 1 || length >= path.size() ? std::wstring() : FromAnsi(path.data());
+}
+
+std::wstring WindowsShell::EnvironmentVariable(const std::wstring& name) const {
+    std::wstring value(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetEnvironmentVariableW(name.c_str(), value.data(), static_cast<DWORD>(value.size()));
+        if (length < value.size()) {
+            value.resize(length);
+            return value;
+        }
+        value.resize(length);
+    }
+}
+
+std::wstring WindowsShell::UserName() const {
+    std::array<char, 128> name{};
+    auto size = static_cast<DWORD>(name.size());
+    return GetUserNameA(name.data(), &size) == FALSE ? std::wstring() : FromAnsi(name.data());
+}
+
+std::optional<std::wstring> WindowsShell::SpecialFolder(std::int32_t folder, WindowId owner) const {
+    using GetLocation = HRESULT WINAPI(HWND, int, PIDLIST_ABSOLUTE*);
+    using GetPath = BOOL WINAPI(PCIDLIST_ABSOLUTE, LPSTR);
+    using Free = void WINAPI(PIDLIST_ABSOLUTE);
+    static const auto kGetLocation =
+        SystemProcedure<GetLocation>(L"shell32.dll", "SHGetSpecialFolderLocation");
+    static const auto kGetPath = SystemProcedure<GetPath>(L"shell32.dll", "SHGetPathFromIDListA");
+    static const auto kFree = SystemProcedure<Free>(L"shell32.dll", "ILFree");
+    if (kGetLocation == nullptr || kGetPath == nullptr || kFree == nullptr) {
+        return std::nullopt;
+    }
+    EnterComApartment();
+    PIDLIST_ABSOLUTE list = nullptr;
+    if (FAILED(kGetLocation(reinterpret_cast<HWND>(owner), folder, &list))) {
+        return std::nullopt;
+    }
+    std::array<char, MAX_PATH> path{};
+    const BOOL hasPath = kGetPath(list, path.data());
+    kFree(list);
+    return hasPath == FALSE ? std::nullopt : std::optional(FromAnsi(path.data()));
+}
+
+std::optional<std::wstring> WindowsShell::SpecialFolderPath(std::int32_t folder) const {
+    using GetPath = BOOL WINAPI(HWND, LPSTR, int, BOOL);
+    static const auto kGetPath = SystemProcedure<GetPath>(L"shell32.dll", "SHGetSpecialFolderPathA");
+    std::array<char, MAX_PATH> path{};
+    if (kGetPath == nullptr || kGetPath(nullptr, path.data(), folder, FALSE) == FALSE) {
+        return std::nullopt;
+    }
+    return FromAnsi(path.data());
+}
+
+std::optional<std::wstring> WindowsShell::ShortcutTarget(const std::wstring& file) const {
+    EnterComApartment();
+    const NoSystemBoxes noBoxes;
+    const auto automation = AutomationObject::Create(L"WScript.Shell");
+    const auto shortcut = automation ? automation->CallForObject(L"CreateShortcut", file) : std::nullopt;
+    return shortcut ? shortcut->GetText(L"TargetPath") : std::nullopt;
+}
+
+std::optional<std::wstring> WindowsShell::InternetShortcutAddress(const std::wstring& file) const {
+    constexpr CLSID kInternetShortcut{
+        0xFBF23B40, 0xE3F0, 0x101B, {0x84, 0x88, 0x00, 0xAA, 0x00, 0x3E, 0x56, 0xF8}};
+    constexpr IID kUniformResourceLocator{
+        0xCABB0DA0, 0xDA57, 0x11CF, {0x99, 0x74, 0x00, 0x20, 0xAF, 0xD7, 0x97, 0x62}};
+    constexpr IID kPersistFile{0x0000010B, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+    EnterComApartment();
+    const NoSystemBoxes noBoxes;
+    const auto locator =
+        CreateComObject<IUniformResourceLocatorW>(kInternetShortcut, kUniformResourceLocator);
+    if (!locator) {
+        return std::nullopt;
+    }
+    const auto persistFile = QueryComObject<IPersistFile>(*locator, kPersistFile);
+    if (!persistFile || FAILED(persistFile->Load(file.c_str(), STGM_READ))) {
+        return std::nullopt;
+    }
+    wchar_t* address = nullptr;
+    if (locator->GetURL(&address) != S_OK || address == nullptr) {
+        return std::nullopt;
+    }
+    std::wstring text = address;
+    FreeComMemory(address);
+    return text;
 }

@@ -3,6 +3,8 @@
 #include "Message.h"
 #include "Wait.h"
 
+#include <optional>
+
 namespace UiDriver {
 namespace {
 
@@ -24,73 +26,19 @@ std::optional<HWND> FindDroppedList(HWND combo) {
 
 } // namespace
 
-int ComboBox::Count() const {
-    return static_cast<int>(Send(Hwnd(), CB_GETCOUNT));
-}
+constexpr ItemList::Messages ComboBox::kMessages{
+    CB_GETCOUNT,  CB_GETLBTEXTLEN, CB_GETLBTEXT,       CB_GETITEMDATA,
+    CB_GETCURSEL, CB_SETCURSEL,    CB_FINDSTRINGEXACT, {CBN_SELENDOK, CBN_SELCHANGE}};
 
-std::wstring ComboBox::Item(int index) const {
-    const auto position = static_cast<WPARAM>(index);
-    const LRESULT length = Send(Hwnd(), CB_GETLBTEXTLEN, position);
-    if (length == CB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
-    }
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = Send(Hwnd(), CB_GETLBTEXT, position, reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(copied));
-    return text;
-}
-
-std::vector<std::wstring> ComboBox::Items() const {
-    std::vector<std::wstring> items;
-    const int count = Count();
-    items.reserve(static_cast<std::size_t>(count));
-    for (int index = 0; index < count; ++index) {
-        items.push_back(Item(index));
-    }
-    return items;
-}
-
-LPARAM ComboBox::ItemData(int index) const {
-    return Send(Hwnd(), CB_GETITEMDATA, static_cast<WPARAM>(index));
-}
-
-std::optional<int> ComboBox::Selected() const {
-    const LRESULT index = Send(Hwnd(), CB_GETCURSEL);
-    return index == CB_ERR ? std::nullopt : std::optional(static_cast<int>(index));
-}
-
-std::wstring ComboBox::SelectedText() const {
-    const std::optional<int> index = Selected();
-    return index ? Item(*index) : std::wstring();
-}
+ComboBox::ComboBox(HWND hwnd) : ItemList(hwnd, kMessages) {}
 
 bool ComboBox::ListOpen() const {
     return Send(Hwnd(), CB_GETDROPPEDSTATE) != 0;
 }
 
-void ComboBox::Choose(int index) const {
-    if (!Enabled()) {
-        Fail(Describe(Hwnd()) + L" is disabled and nothing can be chosen in it");
-    }
-    if (index < 0 || Send(Hwnd(), CB_SETCURSEL, static_cast<WPARAM>(index)) == CB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
-    }
-    Notify(CBN_SELENDOK);
-    Notify(CBN_SELCHANGE);
-}
-
-void ComboBox::Choose(const std::wstring& item) const {
-    const LRESULT index =
-        Send(Hwnd(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item.c_str()));
-    if (index == CB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry \"" + item + L"\"");
-    }
-    Choose(static_cast<int>(index));
-}
-
 void ComboBox::ChooseByMouse(int index) const {
     if (index < 0 || index >= Count()) {
-        Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
+        FailForEntry(index);
     }
     // The arrow, because a click into an editable text does not open the list.
     const RECT rect = Rect();

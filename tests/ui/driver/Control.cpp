@@ -27,6 +27,11 @@ private:
     DWORD theirs_;
 };
 
+bool IsGroupBox(HWND window) {
+    return ClassNameOf(window) == L"Button" &&
+           (GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
 } // namespace
 
 int Control::Id() const {
@@ -195,8 +200,9 @@ void Control::RequireReachable(POINT point) const {
         Fail(Describe(hwnd_) + L" is not visible where it should be clicked");
     }
     const HWND hit = WindowFromPoint(point);
-    // The system looks through disabled and transparent windows to what they lie in.
-    if (hit != hwnd_ && !IsChild(hwnd_, hit) && !IsChild(hit, hwnd_)) {
+    // The system looks through disabled and transparent windows to what they lie in; a mouse click also goes
+    // through a group box to what stands in it.
+    if (hit != hwnd_ && !IsChild(hwnd_, hit) && !IsChild(hit, hwnd_) && !IsGroupBox(hit)) {
         Fail(Describe(hwnd_) + L" is covered by " + Describe(hit));
     }
 }

@@ -1,68 +1,14 @@
 #include "ListBox.h"
 
 #include "Message.h"
-#include "Wait.h"
 
 namespace UiDriver {
 
-int ListBox::Count() const {
-    return static_cast<int>(Send(Hwnd(), LB_GETCOUNT));
-}
+constexpr ItemList::Messages ListBox::kMessages{LB_GETCOUNT,        LB_GETTEXTLEN,     LB_GETTEXT,
+                                                LB_GETITEMDATA,     LB_GETCURSEL,      LB_SETCURSEL,
+                                                LB_FINDSTRINGEXACT, {LBN_SELCHANGE, 0}};
 
-std::wstring ListBox::Item(int index) const {
-    const auto position = static_cast<WPARAM>(index);
-    const LRESULT length = Send(Hwnd(), LB_GETTEXTLEN, position);
-    if (length == LB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
-    }
-    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
-    const LRESULT copied = Send(Hwnd(), LB_GETTEXT, position, reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(copied));
-    return text;
-}
-
-std::vector<std::wstring> ListBox::Items() const {
-    std::vector<std::wstring> items;
-    const int count = Count();
-    items.reserve(static_cast<std::size_t>(count));
-    for (int index = 0; index < count; ++index) {
-        items.push_back(Item(index));
-    }
-    return items;
-}
-
-LPARAM ListBox::ItemData(int index) const {
-    return Send(Hwnd(), LB_GETITEMDATA, static_cast<WPARAM>(index));
-}
-
-std::optional<int> ListBox::Selected() const {
-    const LRESULT index = Send(Hwnd(), LB_GETCURSEL);
-    return index == LB_ERR ? std::nullopt : std::optional(static_cast<int>(index));
-}
-
-std::wstring ListBox::SelectedText() const {
-    const std::optional<int> index = Selected();
-    return index ? Item(*index) : std::wstring();
-}
-
-void ListBox::Choose(int index) const {
-    if (!Enabled()) {
-        Fail(Describe(Hwnd()) + L" is disabled and nothing can be chosen in it");
-    }
-    if (index < 0 || Send(Hwnd(), LB_SETCURSEL, static_cast<WPARAM>(index)) == LB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
-    }
-    Notify(LBN_SELCHANGE);
-}
-
-void ListBox::Choose(const std::wstring& item) const {
-    const LRESULT index =
-        Send(Hwnd(), LB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item.c_str()));
-    if (index == LB_ERR) {
-        Fail(Describe(Hwnd()) + L" has no entry \"" + item + L"\"");
-    }
-    Choose(static_cast<int>(index));
-}
+ListBox::ListBox(HWND hwnd) : ItemList(hwnd, kMessages) {}
 
 POINT ListBox::ItemCentre(int index) const {
     RECT row{};
@@ -71,7 +17,7 @@ POINT ListBox::ItemCentre(int index) const {
     GetClientRect(Hwnd(), &client);
     const auto ask = [&] {
         if (Send(Hwnd(), LB_GETITEMRECT, position, reinterpret_cast<LPARAM>(&row)) == LB_ERR) {
-            Fail(Describe(Hwnd()) + L" has no entry " + std::to_wstring(index));
+            FailForEntry(index);
         }
     };
     ask();

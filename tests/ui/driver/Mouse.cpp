@@ -11,7 +11,6 @@ namespace {
 constexpr Milliseconds kBetweenDownAndUp{30};
 constexpr Milliseconds kBetweenMoves{30};
 constexpr Milliseconds kAfterClick{60};
-constexpr int kMovesOfDrag = 10;
 
 struct LastClick {
     POINT point{};
@@ -99,19 +98,18 @@ void DoubleClick(POINT point) {
     RememberClick(point);
 }
 
-void Glide(POINT from, POINT to) {
-    for (int step = 1; step <= kMovesOfDrag; ++step) {
-        MoveTo(
-            {from.x + (to.x - from.x) * step / kMovesOfDrag, from.y + (to.y - from.y) * step / kMovesOfDrag});
+void Glide(POINT from, POINT to, int steps) {
+    for (int step = 1; step <= steps; ++step) {
+        MoveTo({from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});
         Pause(kBetweenMoves);
     }
 }
 
-void Drag(POINT from, POINT to) {
+void Drag(POINT from, POINT to, int steps) {
     AvoidDoubleClick(from);
     MoveTo(from);
     Down();
-    Glide(from, to);
+    Glide(from, to, steps);
     Up();
     RememberClick(to);
 }

@@ -17,11 +17,13 @@ void Up(MouseButton button = MouseButton::Left);
 void Click(POINT point, MouseButton button = MouseButton::Left);
 void DoubleClick(POINT point);
 
-/// Down, a path of small moves, up: slow enough for a drag to be noticed.
-void Drag(POINT from, POINT to);
+inline constexpr int kMovesOfDrag = 10;
+
+/// Down, a path of `steps` small moves, up: slow enough for a drag to be noticed.
+void Drag(POINT from, POINT to, int steps = kMovesOfDrag);
 
 /// The path of Drag without the buttons, for a drag that the test wants to look at half-way.
-void Glide(POINT from, POINT to);
+void Glide(POINT from, POINT to, int steps = kMovesOfDrag);
 
 } // namespace Mouse
 } // namespace UiDriver

@@ -1,0 +1,267 @@
+// How long a full folder takes to open in a tree, against a floor in the same run that only reads the folder,
+// sorts the names and inserts bare items:
+//
+//   TreeBench.exe [/rounds:N] [/largest:FILES]
+//
+// The folders are made below the temporary folder, and stay for the next run. It tells, it does not judge.
+
+#include "browse/BrowseTree.h"
+#include "platform/NameOrder.h"
+#include "platform/windows/Ansi.h"
+#include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsNameOrder.h"
+#include "platform/windows/WindowsShell.h"
+#include "platform/windows/WindowsShellIcons.h"
+#include "ui/Form.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int kPictureId = 2;
+constexpr int kSortListId = 3;
+
+double Milliseconds() {
+    LARGE_INTEGER now{};
+    LARGE_INTEGER perSecond{};
+    QueryPerformanceCounter(&now);
+    QueryPerformanceFrequency(&perSecond);
+    return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart);
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+struct Case {
+    int files;
+    int folders;
+};
+
+std::wstring FolderOf(const Case& what) {
+    wchar_t temporary[MAX_PATH] = L"";
+    GetTempPathW(MAX_PATH, temporary);
+    return std::wstring(temporary) + L"qlbutl-tree-" + std::to_wstring(what.files) + L"-" +
+           std::to_wstring(what.folders);
+}
+
+/// Names that don't come in their sorted order.
+std::wstring NameOf(int number) {
+    wchar_t name[64] = L"";
+    std::swprintf(name, std::size(name), L"%05u entry of a full folder",
+                  static_cast<unsigned>(number) * 7919U % 100000U);
+    return name;
+}
+
+bool Make(const Case& what) {
+    const std::wstring folder = FolderOf(what);
+    const std::wstring finished = folder + L".made";
+    if (GetFileAttributesW(finished.c_str()) != INVALID_FILE_ATTRIBUTES) {
+        return true;
+    }
+    CreateDirectoryW(folder.c_str(), nullptr);
+    for (int i = 0; i < what.folders; ++i) {
+        CreateDirectoryW((folder + L'\\' + NameOf(i)).c_str(), nullptr);
+    }
+    const auto makeFile = [](const std::wstring& path) {
+        const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
+        if (file == INVALID_HANDLE_VALUE) {
+            return false;
+        }
+        CloseHandle(file);
+        return true;
+    };
+    for (int i = 0; i < what.files; ++i) {
+        if (!makeFile(folder + L'\\' + NameOf(i) + L".txt")) {
+            return false;
+        }
+    }
+    return makeFile(finished);
+}
+
+class BenchForm final : public Form {
+public:
+    BenchForm() : pump_(*this) {
+        CreateHidden(nullptr, L"MS Shell Dlg 2");
+        ShowWindow(Window(), SW_SHOW);
+        UpdateWindow(Window());
+    }
+
+    /// The program's way. Nothing when the tree did not get every entry.
+    std::optional<double> Ours(const Case& what) {
+        const auto tree = std::make_unique<BrowseTree>(MakeTree(), *picture_, order_, Services(), pump_,
+                                                       L"Internet Shortcut", 16);
+        TreeControl& control = tree->Control();
+        const NodeId node = control.AddFirst(0, FolderOf(what), L"folder", {});
+        control.AddPlaceholder(node, L"placeholder", kPlaceholderText);
+        shown_ = tree.get();
+        UpdateWindow(tree_);
+        const double start = Milliseconds();
+        tree->View().Expand(node);
+        Show(node);
+        const double taken = Milliseconds() - start;
+        const auto expected = static_cast<std::size_t>(1 + what.files + 2 * what.folders);
+        shown_ = nullptr;
+        return control.Count() == expected ? std::optional(taken) : std::nullopt;
+    }
+
+    /// Reading, sorting and inserting, and no more. With placeholders when folders are to have their mark.
+    double Floor(const Case& what, bool marks) {
+        MakeTree();
+        const NodeId node = InsertBare(0, L"folder");
+        UpdateWindow(tree_);
+        const double start = Milliseconds();
+        std::vector<std::wstring> folders;
+        std::vector<std::wstring> files;
+        Enumerate(FolderOf(what), folders, files);
+        order_->Sort(folders);
+        order_->Sort(files);
+        SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
+        for (auto name = files.rbegin(); name != files.rend(); ++name) {
+            InsertBare(node, *name);
+        }
+        for (auto name = folders.rbegin(); name != folders.rend(); ++name) {
+            const NodeId folder = InsertBare(node, *name);
+            if (marks) {
+                InsertBare(folder, kPlaceholderText);
+            }
+        }
+        SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
+        Show(node);
+        return Milliseconds() - start;
+    }
+
+protected:
+    void OnCreate() override {
+        AddControl(Window(), {kPictureId, WC_STATICW, SS_ICON, {}});
+        AddControl(Window(), {kSortListId, WC_LISTBOXW, LBS_SORT, {}});
+        picture_ = std::make_unique<IconPicture>(Control(kPictureId), icons_);
+        order_ = std::make_shared<WindowsNameOrder>(Control(kSortListId));
+    }
+    SIZE OnLayout() override { return {400, 400}; }
+    void OnCommand(int /*id*/, int /*notification*/) override {}
+    LRESULT OnNotify(NMHDR& header) override { return shown_ == nullptr ? 0 : shown_->OnNotify(header); }
+
+private:
+    BrowseServices Services() { return {files_, shell_, icons_, pump_}; }
+
+    HWND MakeTree() {
+        if (tree_ != nullptr) {
+            DestroyWindow(tree_);
+        }
+        tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"",
+                                WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_HASLINES, 0, 0,
+                                400, 400, Window(), nullptr, nullptr, nullptr);
+        return tree_;
+    }
+
+    void Show(NodeId node) {
+        SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, static_cast<LPARAM>(node));
+        UpdateWindow(tree_);
+    }
+
+    NodeId InsertBare(NodeId parent, std::wstring text) {
+        TVINSERTSTRUCTW insert{};
+        insert.hParent = parent == 0 ? TVI_ROOT : std::bit_cast<HTREEITEM>(parent);
+        insert.hInsertAfter = TVI_FIRST;
+        insert.item.mask = TVIF_TEXT;
+        insert.item.pszText = text.data();
+        return static_cast<NodeId>(SendMessageW(tree_, TVM_INSERTITEMW, 0, std::bit_cast<LPARAM>(&insert)));
+    }
+
+    static void Enumerate(const std::wstring& folder, std::vector<std::wstring>& folders,
+                          std::vector<std::wstring>& files) {
+        WIN32_FIND_DATAA found{};
+        const HANDLE search = FindFirstFileExA(ToAnsi(folder + L"\\*.*").c_str(), FindExInfoBasic, &found,
+                                               FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+        if (search == INVALID_HANDLE_VALUE) {
+            return;
+        }
+        do {
+            const std::string_view name = found.cFileName;
+            if (name != "." && name != "..") {
+                auto& list = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? folders : files;
+                list.push_back(FromAnsi(name));
+            }
+        } while (FindNextFileA(search, &found) != FALSE);
+        FindClose(search);
+    }
+
+    WindowsFileSystem files_;
+    WindowsShell shell_;
+    WindowsShellIcons icons_;
+    MessagePump pump_;
+    std::unique_ptr<IconPicture> picture_;
+    std::shared_ptr<const NameOrder> order_;
+    HWND tree_ = nullptr;
+    BrowseTree* shown_ = nullptr; ///< whose notifications are answered
+};
+
+int Measure(BenchForm& form, const Case& what, int rounds) {
+    if (!Make(what)) {
+        std::printf("The folder of %d files can't be made.\n", what.files);
+        return EXIT_FAILURE;
+    }
+    std::vector<double> ours;
+    std::vector<double> bare;
+    std::vector<double> marked;
+    for (int round = 0; round < rounds; ++round) {
+        bare.push_back(form.Floor(what, false));
+        if (what.folders > 0) {
+            marked.push_back(form.Floor(what, true));
+        }
+        const std::optional<double> taken = form.Ours(what);
+        if (!taken) {
+            std::printf("The tree did not get every entry.\n");
+            return EXIT_FAILURE;
+        }
+        ours.push_back(*taken);
+    }
+    std::printf("%6d %8d %10.1f %10.1f %7.2f", what.files, what.folders, Median(bare), Median(ours),
+                Median(ours) / Median(bare));
+    if (!marked.empty()) {
+        std::printf("   with expand marks in the floor: %.2f", Median(ours) / Median(marked));
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+    return EXIT_SUCCESS;
+}
+
+std::optional<int> Number(std::wstring_view argument, std::wstring_view prefix) {
+    return argument.starts_with(prefix)
+               ? std::optional(static_cast<int>(
+                     std::wcstol(std::wstring(argument.substr(prefix.size())).c_str(), nullptr, 10)))
+               : std::nullopt;
+}
+
+} // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    int rounds = 5;
+    int largest = 50000;
+    for (int i = 1; i < count; ++i) {
+        rounds = std::max(1, Number(arguments[i], L"/rounds:").value_or(rounds));
+        largest = Number(arguments[i], L"/largest:").value_or(largest);
+    }
+    BenchForm form;
+    std::printf("%6s %8s %10s %10s %7s\n", "files", "folders", "floor ms", "ours ms", "ratio");
+    for (const Case& what : {Case{100, 0}, {1000, 0}, {0, 2000}, {10000, 0}, {50000, 0}}) {
+        if (what.files <= largest && Measure(form, what, rounds) != EXIT_SUCCESS) {
+            return EXIT_FAILURE;
+        }
+    }
+    return EXIT_SUCCESS;
+}

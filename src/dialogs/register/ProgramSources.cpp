@@ -1,0 +1,80 @@
+#include "dialogs/register/ProgramSources.h"
+
+#include "browse/Paths.h"
+#include "dialogs/register/DataFile.h"
+#include "platform/Shell.h"
+#include "settings/GlobalValue.h"
+#include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
+
+namespace {
+
+constexpr const wchar_t* kProgramGroupKey = L"SOFTWARE\\Korvo\\KORVOQLB\\UTLSetting\\ProgramGroup";
+constexpr const wchar_t* kShortcutKeyKey = L"Software\\Korvo\\KORVOQLB\\Shortcut\\Key";
+constexpr const wchar_t* kShellFoldersKey =
+    L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+
+} // namespace
+
+ProgramSources::ProgramSources(const RegIniFunc& store, const FileSystem& files, const Shell& shell,
+                               const AnsiText& ansiText)
+    : store_(store), files_(files), shell_(shell), ansiText_(ansiText) {}
+
+void ProgramSources::AddShortcutKey(const std::wstring& name, const std::wstring& binding,
+                                    const std::wstring& code) {
+    shortcutKeys_.push_back({name + L" " + binding, name, LeadingNumber(code)});
+}
+
+void ProgramSources::LoadShortcutKeys() {
+    shortcutKeys_.clear();
+    const bool anyRecord = ReadDataFiles(files_, ansiText_, shell_.ProgramDirectory(),
+                                         Globals().CommandListFileName, [this](const DataRecord& record) {
+                                             AddShortcutKey(record[2], record[0], record[1]);
+                                             return true;
+                                         });
+    if (!anyRecord) {
+        LoadShortcutKeysFromRegistry();
+    }
+}
+
+void ProgramSources::LoadShortcutKeysFromRegistry() {
+    for (std::int32_t i = 0;; ++i) {
+        const std::wstring key = kShortcutKeyKey + std::to_wstring(i);
+        const auto value = [&](const wchar_t* name) {
+            return store_.RegGetString(RegistryHive::LocalMachine, key, name);
+        };
+        const std::wstring name = value(L"KeyName");
+        if (name.empty()) {
+            return;
+        }
+        AddShortcutKey(name, value(L"KeyBind"), value(L"KeyCode"));
+    }
+}
+
+void ProgramSources::LoadMediaCenter() {
+    mediaCenterTable_.clear();
+    if (store_.RegGetDword(RegistryHive::LocalMachine, kProgramGroupKey, L"MCMenu") != 1) {
+        return;
+    }
+    ReadDataFiles(files_, ansiText_, shell_.ProgramDirectory(), Globals().MenuFileName,
+                  [this](const DataRecord& record) {
+                      if (mediaCenterTable_.size() == kMaxMediaCenterRows) {
+                          return false;
+                      }
+                      mediaCenterTable_.push_back({record[0], record[1], record[2]});
+                      return true;
+                  });
+}
+
+void ProgramSources::LoadIeFavorites() {
+    offersIeFavorites_ = store_.RegGetDword(RegistryHive::LocalMachine, kProgramGroupKey, L"IEMenu") == 1;
+    favoritesFolder_.clear();
+    if (offersIeFavorites_) {
+        favoritesFolder_ =
+            WithoutTrailingBackslash(CutAtNul(shell_.SpecialFolderPath(kFolderFavorites).value_or(L"")));
+    }
+}
+
+void ProgramSources::LoadStartMenu() {
+    startMenuFolder_ = store_.RegGetString(RegistryHive::CurrentUser, kShellFoldersKey, L"Start Menu");
+}

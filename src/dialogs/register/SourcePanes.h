@@ -1,0 +1,77 @@
+#pragma once
+
+#include "browse/BrowseTree.h"
+#include "dialogs/register/PickedItem.h"
+#include "dialogs/register/ProgramSources.h"
+#include "ui/Form.h"
+#include "ui/MessagePump.h"
+
+#include <windows.h>
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+
+class RegIniFunc;
+class StringTable;
+struct Platform;
+
+/// The controls that show what a button can start, one for each source: three trees and two lists in the same
+/// place, of which one is shown.
+class SourcePanes {
+public:
+    /// Creates a control of the form, as Form::AddControl does.
+    using AddControl = std::function<HWND(const ControlRow&)>;
+
+    SourcePanes(Form& form, const Platform& platform, const RegIniFunc& store, const StringTable& texts);
+
+    /// All hidden, and without a place.
+    void CreateControls(const AddControl& add, UINT dpi);
+    /// In pixels of the form's client area.
+    void Place(const RECT& area) const;
+    /// Fills the lists and finds out which sources are offered. The trees fill when they are first shown.
+    void Load();
+
+    [[nodiscard]] bool Offers(ProgramSource source) const;
+    [[nodiscard]] const ProgramSources& Sources() const { return sources_; }
+
+    /// Shows one source's control and hides the others; nothing hides all.
+    void Show(std::optional<ProgramSource> source);
+    [[nodiscard]] HWND ControlOf(ProgramSource source) const { return controls_.at(IndexOf(source)); }
+    /// The source whose control this is.
+    [[nodiscard]] std::optional<ProgramSource> SourceOf(HWND control) const;
+    /// What a node stands for; nothing for node 0.
+    [[nodiscard]] PickedItem PickedNode(ProgramSource source, NodeId node) const;
+    /// What is selected in a source.
+    [[nodiscard]] PickedItem SelectionOf(ProgramSource source) const;
+    /// The address that an Internet shortcut file holds.
+    [[nodiscard]] std::wstring AddressOf(const std::wstring& file) const;
+    /// Null for the lists.
+    [[nodiscard]] BrowseTree* TreeOf(ProgramSource source) const { return trees_.at(IndexOf(source)).get(); }
+
+    void SetScaling(UINT dpi);
+    /// Of one of the controls; nothing for other controls.
+    std::optional<LRESULT> OnNotify(NMHDR& header);
+    [[nodiscard]] bool ShowsHourglass() const { return pump_.ShowsHourglass(); }
+
+    /// Empties the trees: the form closes.
+    void Clear();
+
+private:
+    [[nodiscard]] static constexpr std::size_t IndexOf(ProgramSource source) {
+        return static_cast<std::size_t>(source);
+    }
+    void FillTree(ProgramSource source);
+    void FillMyComputer(BrowseTree& tree);
+
+    const Platform& platform_;
+    const StringTable& texts_;
+    MessagePump pump_;
+    ProgramSources sources_;
+    std::unique_ptr<IconPicture> picIcon_;
+    std::array<HWND, kProgramSourceCount> controls_{};
+    std::array<std::unique_ptr<BrowseTree>, kProgramSourceCount> trees_;
+    std::array<bool, kProgramSourceCount> filled_{};
+    bool closed_ = false;
+};

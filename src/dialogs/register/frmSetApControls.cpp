@@ -1,0 +1,175 @@
+// The controls of the registration dialog, and where they stand.
+
+#include "dialogs/register/frmSetAp.h"
+
+#include "app/StringTable.h"
+#include "resources/resource.h"
+#include "ui/Controls.h"
+
+#include <commctrl.h>
+
+#include <bit>
+#include <string>
+
+namespace {
+
+// Dialog units.
+constexpr int kMargin = 7;
+constexpr int kTabWidth = 236;
+constexpr int kTabHeight = 202;
+constexpr int kPaneInset = 4;
+constexpr int kRight = kMargin + kTabWidth + kMargin;
+constexpr int kRightWidth = 180;
+constexpr int kGroupInset = 8;
+constexpr int kMethodHeight = 54;
+constexpr int kOptionHeight = 10;
+constexpr int kOptionStep = 13;
+constexpr int kSlotsTop = kMargin + kMethodHeight + kMargin;
+constexpr int kSlotStep = 18;
+constexpr int kSlotHeight = 13;
+constexpr int kSlotsHeight = 14 + kSlots * kSlotStep + 3;
+constexpr int kLabelWidth = 46;
+constexpr int kButtonWidth = 50;
+constexpr int kButtonHeight = 14;
+constexpr int kButtonGap = 4;
+constexpr int kClientWidth = kRight + kRightWidth + kMargin;
+constexpr int kClientHeight = kMargin + kTabHeight + kMargin;
+constexpr UINT_PTR kSlotSubclass = 1;
+
+} // namespace
+
+void frmSetAp::OnCreate() {
+    SetTextOf(Window(), texts_.ResText(kTextProgramRegistration));
+    panes_.CreateControls([this](const ControlRow& row) { return AddControl(Window(), row); }, Dpi());
+    LoadSources();
+    CreateTabs();
+    CreateMethodControls();
+    CreateSlotControls();
+    const int buttonTop = kMargin + kTabHeight - kButtonHeight;
+    const int cancelLeft = kRight + kRightWidth - kButtonWidth;
+    AddControl(Window(),
+               {IDC_cmdOK,
+                WC_BUTTONW,
+                BS_DEFPUSHBUTTON | WS_TABSTOP | WS_GROUP,
+                {cancelLeft - kButtonGap - kButtonWidth, buttonTop, kButtonWidth, kButtonHeight}},
+               texts_.ResText(kTextRegisterOk));
+    AddControl(Window(),
+               {IDC_cmdCancel,
+                WC_BUTTONW,
+                BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP,
+                {cancelLeft, buttonTop, kButtonWidth, kButtonHeight}},
+               texts_.ResText(kTextRegisterCancel));
+    SendMessageW(Window(), DM_SETDEFID, IDC_cmdOK, 0);
+    ShowSlots();
+    ShowTab(0);
+}
+
+void frmSetAp::CreateTabs() {
+    const HWND tab = AddControl(Window(), {IDC_tabMenu,
+                                           WC_TABCONTROLW,
+                                           TCS_MULTILINE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
+                                           {kMargin, kMargin, kTabWidth, kTabHeight}});
+    for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
+        const auto source = static_cast<ProgramSource>(i);
+        if (!panes_.Offers(source)) {
+            continue;
+        }
+        std::wstring caption = texts_.ResText(kTextSourceTab1 + static_cast<int>(i));
+        TCITEMW item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = caption.data();
+        SendMessageW(tab, TCM_INSERTITEMW, tabs_.size(), std::bit_cast<LPARAM>(&item));
+        tabs_.push_back(source);
+    }
+}
+
+void frmSetAp::CreateMethodControls() {
+    AddControl(Window(),
+               {IDC_fraExecMethod,
+                WC_BUTTONW,
+                BS_GROUPBOX | WS_GROUP,
+                {kRight, kMargin, kRightWidth, kMethodHeight}},
+               texts_.ResText(kTextStartupMethod));
+    for (int i = 0; i < 3; ++i) {
+        const DWORD first = i == 0 ? WS_GROUP | WS_TABSTOP : 0;
+        AddControl(Window(),
+                   {IDC_optExecMethod0 + i,
+                    WC_BUTTONW,
+                    BS_AUTORADIOBUTTON | first,
+                    {kRight + kGroupInset, kMargin + 12 + i * kOptionStep, kRightWidth - 2 * kGroupInset,
+                     kOptionHeight}},
+                   texts_.ResText(kTextExecMethod1 + i));
+    }
+}
+
+void frmSetAp::CreateSlotControls() {
+    AddControl(Window(),
+               {IDC_fraApplication,
+                WC_BUTTONW,
+                BS_GROUPBOX | WS_GROUP,
+                {kRight, kSlotsTop, kRightWidth, kSlotsHeight}},
+               texts_.ResText(kTextRegisterPrograms));
+    const int boxLeft = kRight + kGroupInset + kLabelWidth;
+    for (int slot = 0; slot < kSlots; ++slot) {
+        const int top = kSlotsTop + 14 + slot * kSlotStep;
+        AddControl(Window(),
+                   {IDC_lblApplication0 + slot,
+                    WC_STATICW,
+                    SS_LEFT | WS_GROUP,
+                    {kRight + kGroupInset, top + 2, kLabelWidth, kOptionHeight}},
+                   texts_.ResText(kTextProgramNumber) + std::to_wstring(slot + 1));
+        const HWND box =
+            AddControl(Window(), {IDC_txtApplication0 + slot,
+                                  WC_EDITW,
+                                  ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP,
+                                  {boxLeft, top, kRight + kRightWidth - kGroupInset - boxLeft, kSlotHeight},
+                                  WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES});
+        SetWindowSubclass(box, SlotProcedure, kSlotSubclass, std::bit_cast<DWORD_PTR>(this));
+    }
+}
+
+LRESULT CALLBACK frmSetAp::SlotProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR /*id*/, DWORD_PTR self) noexcept {
+    auto* form = std::bit_cast<frmSetAp*>(self);
+    switch (message) {
+    case WM_CONTEXTMENU: // the form has a menu of its own for it
+        return SendMessageW(form->Window(), message, std::bit_cast<WPARAM>(box), lParam);
+    case WM_DROPFILES:
+        form->DropFiles(box, std::bit_cast<HDROP>(wParam));
+        return 0;
+    case WM_NCDESTROY:
+        RemoveWindowSubclass(box, SlotProcedure, kSlotSubclass);
+        break;
+    default:
+        break;
+    }
+    return DefSubclassProc(box, message, wParam, lParam);
+}
+
+SIZE frmSetAp::OnLayout() {
+    RECT pane = TextFont().Pixels({kMargin, kMargin, kTabWidth, kTabHeight});
+    SendMessageW(Control(IDC_tabMenu), TCM_ADJUSTRECT, FALSE, std::bit_cast<LPARAM>(&pane));
+    InflateRect(&pane, -TextFont().PixelsX(kPaneInset), -TextFont().PixelsY(kPaneInset));
+    panes_.Place(pane);
+    panes_.SetScaling(Dpi());
+    return {TextFont().PixelsX(kClientWidth), TextFont().PixelsY(kClientHeight)};
+}
+
+HBRUSH frmSetAp::OnStaticColour(HWND control, HDC hdc) {
+    const int slot = GetDlgCtrlID(control) - IDC_txtApplication0;
+    if (slot < 0 || slot >= kSlots) {
+        return nullptr;
+    }
+    if (drag_ && drag_->slot == slot) {
+        SetTextColor(hdc, GetSysColor(COLOR_HIGHLIGHTTEXT));
+        SetBkColor(hdc, GetSysColor(COLOR_HIGHLIGHT));
+        return GetSysColorBrush(COLOR_HIGHLIGHT);
+    }
+    if (IsWindowEnabled(control) == FALSE) {
+        return nullptr;
+    }
+    // Read-only, but no grey: a program can be put here.
+    SetTextColor(hdc, GetSysColor(COLOR_WINDOWTEXT));
+    SetBkColor(hdc, GetSysColor(COLOR_WINDOW));
+    return GetSysColorBrush(COLOR_WINDOW);
+}

@@ -1,0 +1,299 @@
+// The controls of the wizard, and where they stand.
+
+#include "dialogs/wizard/frmWizard.h"
+
+#include "app/StringTable.h"
+#include "dialogs/wizard/WizardButtons.h"
+#include "platform/Platform.h"
+#include "resources/resource.h"
+#include "settings/GlobalValue.h"
+#include "ui/Controls.h"
+#include "ui/Dpi.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kHeadingPoints = 13;
+
+struct PixelRect {
+    int left;
+    int top;
+    int width;
+    int height;
+};
+
+// Pixels at 100 %, which are 15 twips each. The program list's place and the tops of the source options are
+// what the pages' texts count on.
+constexpr int kClientWidth = 640;
+constexpr int kClientHeight = 448;
+constexpr PixelRect kHeading{16, 11, 608, 26};
+constexpr PixelRect kImage{16, 52, 152, 344};
+constexpr PixelRect kTextFrame{184, 52, 440, 344};
+constexpr PixelRect kNarrowFrame{16, 44, 232, 354};
+constexpr PixelRect kProgramList{256, 88, 368, 308};
+constexpr PixelRect kLowerLine{0, 406, kClientWidth, 2};
+constexpr int kButtonTop = 415;
+constexpr int kButtonWidth = 84;
+constexpr int kButtonHeight = 24;
+constexpr int kOptionHeight = 20;
+constexpr int kOptionStep = 24;
+constexpr int kSingleOptionsTop = 168;
+constexpr int kSeveralOptionsTop = 16;
+constexpr int kSlotTop = 94;
+constexpr int kSlotStep = 25;
+constexpr int kSlotLabelWidth = 74;
+constexpr int kSlotHeight = 21;
+
+struct Placement {
+    int id;
+    PixelRect place;
+};
+
+/// Controls in their frames; options and program boxes are placed by their numbers.
+constexpr std::array kPlacements{
+    Placement{IDC_lblMsgSelectButton1, {0, 0, 440, 80}},
+    Placement{IDC_lblMsgSelectButton2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgSelectLaunchMethod1, {0, 0, 440, 130}},
+    Placement{IDC_lblMsgSelectLaunchMethod2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgSelectMenu1, {0, 0, 440, 150}},
+    Placement{IDC_lblMsgSelectMenu2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgSelectProgramForSingle1, {0, 44, 232, 200}},
+    Placement{IDC_lblMsgFinish1, {0, 0, 440, 200}},
+    Placement{IDC_lblMsgFinish2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgButtonName1, {0, 0, 440, 136}},
+    Placement{IDC_txtButtonName, {0, 144, 300, 22}},
+    Placement{IDC_lblmsgButtonName2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgSomeProgram1, {0, 222, 232, 74}},
+    Placement{IDC_lblMsgSomeProgram2, {0, 298, 232, 56}},
+};
+
+constexpr std::array kTextFrames{IDC_fraSelectButton, IDC_fraSelectLaunchMethod, IDC_fraSelectMenu,
+                                 IDC_fraFinish, IDC_fraButtonName};
+
+void Place(HWND control, const PixelRect& place, UINT dpi) {
+    SetWindowPos(control, nullptr, Scaled(place.left, dpi), Scaled(place.top, dpi), Scaled(place.width, dpi),
+                 Scaled(place.height, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Bitmap LoadWizardImage() {
+    return Bitmap(static_cast<HBITMAP>(LoadImageW(
+        GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDB_WizardImage), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
+}
+
+/// The picture at another size, smoothly.
+Bitmap Stretched(HBITMAP source, SIZE size) {
+    BITMAP info{};
+    if (GetObjectW(source, sizeof info, &info) == 0) {
+        return nullptr;
+    }
+    const MemoryDc from(CreateCompatibleDC(nullptr));
+    const MemoryDc to(CreateCompatibleDC(nullptr));
+    BITMAPINFO header{};
+    header.bmiHeader.biSize = sizeof header.bmiHeader;
+    header.bmiHeader.biWidth = size.cx;
+    header.bmiHeader.biHeight = size.cy;
+    header.bmiHeader.biPlanes = 1;
+    header.bmiHeader.biBitCount = 24; // with an alpha channel the control would make a copy of its own
+    void* bits = nullptr;
+    Bitmap scaled(CreateDIBSection(nullptr, &header, DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!from || !to || !scaled) {
+        return nullptr;
+    }
+    const Selected fromSelected(from.get(), source);
+    const Selected toSelected(to.get(), scaled.get());
+    SetStretchBltMode(to.get(), HALFTONE);
+    SetBrushOrgEx(to.get(), 0, 0, nullptr);
+    StretchBlt(to.get(), 0, 0, size.cx, size.cy, from.get(), 0, 0, info.bmWidth, info.bmHeight, SRCCOPY);
+    return scaled;
+}
+
+} // namespace
+
+void frmWizard::OnCreate() {
+    SetTextOf(Window(), texts_.ResText(kTextTitle) + L" " + texts_.ResText(kTextWizard));
+    if (Globals().WizardForButton) {
+        SetWindowLongPtrW(Window(), GWL_EXSTYLE, GetWindowLongPtrW(Window(), GWL_EXSTYLE) | WS_EX_APPWINDOW);
+    }
+    AddControl(Window(), {IDC_lblHeading, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}});
+    AddControl(Window(), {IDC_imgWizardImage, WC_STATICW, SS_BITMAP, {}});
+    CreateFrames();
+    CreateProgramFrames();
+    CreateButtons();
+    panes_.Load();
+    flow_.emplace(
+        WizardFlow::Surroundings{panes_.Sources(), platform_.files,
+                                 [this](const std::wstring& file) { return panes_.AddressOf(file); },
+                                 [this](ProgramSource source) { return panes_.SelectionOf(source); },
+                                 texts_.ResText(kTextIeFavorites), texts_.ResText(kTextMyComputer)},
+        Globals().WizardForButton);
+}
+
+void frmWizard::CreateFrames() {
+    const auto label = [this](HWND frame, int id, int textOffset) {
+        AddControl(frame, {id, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}}, texts_.ResText(textOffset));
+    };
+    const auto options = [this](HWND frame, int firstId, int count, int firstText) {
+        for (int i = 0; i < count; ++i) {
+            const DWORD first = i == 0 ? WS_GROUP | WS_TABSTOP : 0;
+            AddControl(frame, {firstId + i, WC_BUTTONW, BS_AUTORADIOBUTTON | first, {}},
+                       WithoutAccessKeys(texts_.ResText(firstText + i)));
+        }
+    };
+    HWND frame = AddFrame(IDC_fraSelectButton);
+    label(frame, IDC_lblMsgSelectButton1, kTextSelectButton);
+    options(frame, IDC_optMFButton0, kWizardButtonOptions, kTextWizardButton1);
+    label(frame, IDC_lblMsgSelectButton2, kTextClickNext);
+
+    frame = AddFrame(IDC_fraSelectLaunchMethod);
+    label(frame, IDC_lblMsgSelectLaunchMethod1, kTextLaunchMethod);
+    options(frame, IDC_optSelectLaunchMethod0, 3, kTextLaunchMethod1);
+    label(frame, IDC_lblMsgSelectLaunchMethod2, kTextClickNext);
+
+    frame = AddFrame(IDC_fraSelectMenu);
+    label(frame, IDC_lblMsgSelectMenu1, kTextSelectMenu);
+    options(frame, IDC_optSelectMenuForSingle0, static_cast<int>(kProgramSourceCount), kTextWizardSource1);
+    label(frame, IDC_lblMsgSelectMenu2, kTextClickNext);
+
+    frame = AddFrame(IDC_fraFinish);
+    label(frame, IDC_lblMsgFinish1, kTextFinishMessage);
+    label(frame, IDC_lblMsgFinish2, kTextClickFinish);
+
+    frame = AddFrame(IDC_fraButtonName);
+    label(frame, IDC_lblMsgButtonName1, kTextTypeButtonName);
+    const HWND name = AddControl(
+        frame, {IDC_txtButtonName, WC_EDITW, ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP, {}, WS_EX_CLIENTEDGE});
+    SendMessageW(name, EM_LIMITTEXT, kNameBoxLimit, 0);
+    label(frame, IDC_lblmsgButtonName2, kTextClickNext);
+
+    frame = AddFrame(IDC_fraSelectProgramForSingle);
+    label(frame, IDC_lblMsgSelectProgramForSingle1, kTextSelectProgram);
+}
+
+void frmWizard::CreateProgramFrames() {
+    const HWND several = AddFrame(IDC_fraSomePrograms);
+    for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
+        const DWORD first = i == 0 ? WS_GROUP | WS_TABSTOP : 0;
+        AddControl(several, {IDC_optSelectMenu0 + i, WC_BUTTONW, BS_AUTORADIOBUTTON | first, {}},
+                   WithoutAccessKeys(texts_.ResText(kTextWizardSource1 + i)));
+    }
+    for (int slot = 0; slot < kSlots; ++slot) {
+        AddControl(several, {IDC_lblProgram0 + slot, WC_STATICW, SS_LEFT | WS_GROUP, {}},
+                   texts_.ResText(kTextWizardProgram) + std::to_wstring(slot + 1));
+        AddControl(several, {IDC_txtProgram0 + slot,
+                             WC_EDITW,
+                             ES_READONLY | ES_AUTOHSCROLL | WS_GROUP,
+                             {},
+                             WS_EX_CLIENTEDGE});
+    }
+    AddControl(several, {IDC_lblMsgSomeProgram1, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}},
+               texts_.ResText(kTextSomePrograms));
+    AddControl(several, {IDC_lblMsgSomeProgram2, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}},
+               texts_.ResText(kTextNoMorePrograms));
+    const HWND list = AddFrame(IDC_fraProgramList);
+    panes_.CreateControls([this, list](const ControlRow& row) { return AddControl(list, row); }, Dpi());
+}
+
+void frmWizard::CreateButtons() {
+    const auto button = [this](int id, int textOffset, DWORD kind = BS_PUSHBUTTON) {
+        AddControl(Window(), {id, WC_BUTTONW, kind | WS_TABSTOP | WS_GROUP, {}}, texts_.ResText(textOffset));
+    };
+    button(IDC_cmdBack, kTextBack);
+    button(IDC_cmdNext, kTextNext, BS_DEFPUSHBUTTON);
+    button(IDC_cmdFinish, kTextFinish);
+    button(IDC_cmdCancel, kTextWizardCancel);
+    SendMessageW(Window(), DM_SETDEFID, IDC_cmdNext, 0);
+    AddControl(Window(), {IDC_fraLine, WC_STATICW, SS_ETCHEDHORZ, {}});
+}
+
+void frmWizard::ShowButtonOptions() {
+    const WizardButtons buttons = LoadWizardButtons(store_, texts_, buttonSet_, defaults_);
+    shownButtons_ = buttons.shown;
+    for (int option = 0; option < kWizardButtonOptions; ++option) {
+        const HWND control = Control(IDC_optMFButton0 + option);
+        SetTextOf(control, WithoutAccessKeys(buttons.captions.at(static_cast<std::size_t>(option))));
+        ShowWindow(control, option < buttons.shown ? SW_SHOW : SW_HIDE);
+    }
+}
+
+SIZE frmWizard::OnLayout() {
+    const UINT dpi = Dpi();
+    headingFont_ = CreateFontOfPoints(Globals().DialogFontName, kHeadingPoints, dpi);
+    SendMessageW(Control(IDC_lblHeading), WM_SETFONT, std::bit_cast<WPARAM>(headingFont_.get()), TRUE);
+    Place(Control(IDC_lblHeading), kHeading, dpi);
+    Place(Control(IDC_fraLine), kLowerLine, dpi);
+    Place(Control(IDC_imgWizardImage), kImage, dpi);
+    const Bitmap source = LoadWizardImage();
+    Bitmap image = Stretched(source.get(), {Scaled(kImage.width, dpi), Scaled(kImage.height, dpi)});
+    SendMessageW(Control(IDC_imgWizardImage), STM_SETIMAGE, IMAGE_BITMAP, std::bit_cast<LPARAM>(image.get()));
+    image_ = std::move(image); // only now: until here the control showed the old one
+
+    for (const int frame : kTextFrames) {
+        Place(Control(frame), kTextFrame, dpi);
+    }
+    Place(Control(IDC_fraSelectProgramForSingle), kNarrowFrame, dpi);
+    Place(Control(IDC_fraSomePrograms), kNarrowFrame, dpi);
+    Place(Control(IDC_fraProgramList), kProgramList, dpi);
+    for (const Placement& placement : kPlacements) {
+        Place(Control(placement.id), placement.place, dpi);
+    }
+    for (int i = 0; i < kWizardButtonOptions; ++i) {
+        Place(Control(IDC_optMFButton0 + i), {0, 92 + i * kOptionStep, 440, kOptionHeight}, dpi);
+    }
+    for (int i = 0; i < 3; ++i) {
+        Place(Control(IDC_optSelectLaunchMethod0 + i), {0, 142 + i * kOptionStep, 440, kOptionHeight}, dpi);
+    }
+    for (int slot = 0; slot < kSlots; ++slot) {
+        const int top = kSlotTop + slot * kSlotStep;
+        Place(Control(IDC_lblProgram0 + slot), {0, top + 3, kSlotLabelWidth, kOptionHeight}, dpi);
+        Place(Control(IDC_txtProgram0 + slot),
+              {kSlotLabelWidth, top, kNarrowFrame.width - kSlotLabelWidth, kSlotHeight}, dpi);
+    }
+    StackOptions();
+    panes_.Place({0, 0, Scaled(kProgramList.width, dpi), Scaled(kProgramList.height, dpi)});
+    panes_.SetScaling(dpi);
+
+    int left = kClientWidth - 16 - kButtonWidth;
+    for (const int id : {IDC_cmdCancel, IDC_cmdFinish, IDC_cmdNext, IDC_cmdBack}) {
+        Place(Control(id), {left, kButtonTop, kButtonWidth, kButtonHeight}, dpi);
+        left -= kButtonWidth + (id == IDC_cmdNext ? 0 : 8); // Back and Next belong together
+    }
+    return {Scaled(kClientWidth, dpi), Scaled(kClientHeight, dpi)};
+}
+
+void frmWizard::StackOptions() {
+    int single = 0;
+    int several = 0;
+    const auto stack = [this](int id, bool offered, PixelRect first, int& count) {
+        ShowWindow(Control(id), offered ? SW_SHOW : SW_HIDE);
+        if (offered) {
+            first.top += count++ * kOptionStep;
+            Place(Control(id), first, Dpi());
+        }
+    };
+    constexpr PixelRect kFirstForSingle{0, kSingleOptionsTop, kTextFrame.width, kOptionHeight};
+    constexpr PixelRect kFirstForSeveral{0, kSeveralOptionsTop, kNarrowFrame.width, kOptionHeight};
+    for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
+        const auto source = static_cast<ProgramSource>(i);
+        stack(IDC_optSelectMenuForSingle0 + i, flow_->OffersForSingle(source), kFirstForSingle, single);
+        stack(IDC_optSelectMenu0 + i, flow_->OffersForSeveral(source), kFirstForSeveral, several);
+    }
+}
+
+HBRUSH frmWizard::OnStaticColour(HWND control, HDC hdc) {
+    const int slot = GetDlgCtrlID(control) - IDC_txtProgram0;
+    if (slot < 0 || slot >= kSlots) {
+        return nullptr;
+    }
+    // The box of the next program stands out from the form.
+    const int colour = slot == flow_->MarkedSlot() ? COLOR_WINDOW : COLOR_3DFACE;
+    SetTextColor(hdc, GetSysColor(slot == flow_->MarkedSlot() ? COLOR_WINDOWTEXT : COLOR_BTNTEXT));
+    SetBkColor(hdc, GetSysColor(colour));
+    return GetSysColorBrush(colour);
+}

@@ -1,0 +1,46 @@
+#include "platform/windows/Com.h"
+
+#include "platform/windows/SystemLibrary.h"
+
+namespace {
+
+template <class Procedure> Procedure* OleProcedure(const char* name) {
+    return SystemProcedure<Procedure>(L"ole32.dll", name);
+}
+
+} // namespace
+
+ComApartment::ComApartment() {
+    using Initialize = HRESULT WINAPI(void*, DWORD);
+    static const auto kInitialize = OleProcedure<Initialize>("CoInitializeEx");
+    entered_ = kInitialize != nullptr &&
+               SUCCEEDED(kInitialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
+}
+
+ComApartment::~ComApartment() {
+    using Uninitialize = void WINAPI();
+    static const auto kUninitialize = OleProcedure<Uninitialize>("CoUninitialize");
+    if (entered_ && kUninitialize != nullptr) {
+        kUninitialize();
+    }
+}
+
+void EnterComApartment() {
+    // Never left: other libraries would have to be told to let their objects go first.
+    static const auto* const kApartment = new ComApartment; // NOLINT(cppcoreguidelines-owning-memory)
+    (void)kApartment;
+}
+
+HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object) {
+    using Create = HRESULT WINAPI(REFCLSID, IUnknown*, DWORD, REFIID, void**);
+    static const auto kCreate = OleProcedure<Create>("CoCreateInstance");
+    return kCreate == nullptr ? E_FAIL : kCreate(classId, nullptr, CLSCTX_INPROC_SERVER, interfaceId, object);
+}
+
+void FreeComMemory(void* memory) {
+    using Free = void WINAPI(void*);
+    static const auto kFree = OleProcedure<Free>("CoTaskMemFree");
+    if (kFree != nullptr) {
+        kFree(memory);
+    }
+}

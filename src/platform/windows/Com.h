@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <memory>
+
+struct ComDeleter {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+/// Owner of a COM object.
+template <class Interface> using ComObject = std::unique_ptr<Interface, ComDeleter>;
+
+/// COM on this thread for as long as this lives.
+class ComApartment {
+public:
+    ComApartment();
+    ~ComApartment();
+    ComApartment(const ComApartment&) = delete;
+    ComApartment& operator=(const ComApartment&) = delete;
+
+private:
+    bool entered_;
+};
+
+/// COM on the user interface's thread, for the rest of the run.
+void EnterComApartment();
+
+/// CoCreateInstance.
+[[nodiscard]] HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object);
+
+/// An object of the class; null when it is missing, or lacks the interface.
+template <class Interface>
+[[nodiscard]] ComObject<Interface> CreateComObject(const CLSID& classId, const IID& interfaceId) {
+    void* object = nullptr;
+    return ComObject<Interface>(SUCCEEDED(CreateComInstance(classId, interfaceId, &object))
+                                    ? static_cast<Interface*>(object)
+                                    : nullptr);
+}
+
+/// Another interface of an object; null when it has none.
+template <class Interface>
+[[nodiscard]] ComObject<Interface> QueryComObject(IUnknown& from, const IID& interfaceId) {
+    void* object = nullptr;
+    return ComObject<Interface>(
+        SUCCEEDED(from.QueryInterface(interfaceId, &object)) ? static_cast<Interface*>(object) : nullptr);
+}
+
+/// CoTaskMemFree.
+void FreeComMemory(void* memory);

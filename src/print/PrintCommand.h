@@ -1,0 +1,15 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+class Form;
+class RegIniFunc;
+class StringTable;
+
+/// Asks for a printer and prints the current Pattern as it is stored in `iniFile`. The form answers meanwhile,
+/// and a small window with a Cancel button stands over it. Ends without a word when the user gives up or the
+/// printer fails.
+void PrintPattern(Form& owner, const RegIniFunc& store, const StringTable& texts,
+                  const std::wstring& iniFile);

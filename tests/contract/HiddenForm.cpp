@@ -1,0 +1,70 @@
+#include "HiddenForm.h"
+
+#include <commctrl.h>
+
+#include <cstddef>
+#include <stdexcept>
+
+HiddenForm::HiddenForm() {
+    INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TREEVIEW_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&controls);
+    if (!CreateHidden(nullptr, L"MS Shell Dlg")) {
+        throw std::runtime_error("the form could not be created");
+    }
+}
+
+HWND HiddenForm::Add(const wchar_t* windowClass, DWORD style) {
+    const HWND control = AddControl(Window(), {++lastId_, windowClass, style, {0, 0, 200, 150}});
+    if (control == nullptr) {
+        throw std::runtime_error("the control could not be created");
+    }
+    return control;
+}
+
+void HiddenForm::Pump() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        if (!HandleDialogMessage(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+}
+
+bool HiddenForm::PumpUntil(const std::function<bool()>& condition) {
+    return WaitUntil([&] {
+        Pump();
+        return condition();
+    });
+}
+
+namespace {
+
+/// Where Wine's GetGuiResources tells nothing: the table in which the system keeps a process's objects.
+int GdiTableEntries() {
+    constexpr std::size_t kTableInPeb = 0xF8;
+    constexpr std::size_t kEntries = 65'536;
+    struct Entry {
+        void* object;
+        ULONG owner;
+        USHORT unique;
+        BYTE type;
+        BYTE flags;
+        void* user;
+    };
+    const char* peb = nullptr;
+    asm("movq %%gs:0x60, %0" : "=r"(peb));
+    const Entry* table = *reinterpret_cast<const Entry* const*>(peb + kTableInPeb);
+    int used = 0;
+    for (std::size_t i = 0; i < kEntries; ++i) {
+        used += table[i].type != 0 ? 1 : 0;
+    }
+    return used;
+}
+
+} // namespace
+
+int GdiObjects() {
+    const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    return counted != 0 ? static_cast<int>(counted) : GdiTableEntries();
+}

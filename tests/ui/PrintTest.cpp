@@ -1,0 +1,255 @@
+#include "BrowseUse.h"
+#include "UiTest.h"
+
+#include <dlgs.h>
+#include <winspool.h>
+
+#include <algorithm>
+#include <bit>
+
+using UiDriver::Milliseconds;
+using UiDriver::ModalBox;
+using UiDriver::Process;
+using UiDriver::Window;
+
+namespace {
+
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr Milliseconds kPrinterTime{30000}; // the first use of a printer's fonts takes seconds
+constexpr std::size_t kSmallestPrintout = 5000;
+
+std::wstring OnDriveZ(const char* unixPath) {
+    std::wstring path = L"Z:" + UiDriver::FromUtf8(unixPath);
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
+}
+
+std::wstring UnixPath(const std::wstring& path) {
+    using GetUnixFileName = char* CDECL(const wchar_t*);
+    const auto getUnixFileName = std::bit_cast<GetUnixFileName*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name"));
+    if (getUnixFileName == nullptr) {
+        UiDriver::Fail(L"printers that print into a command can be had under Wine only");
+    }
+    char* const unixPath = getUnixFileName(path.c_str());
+    if (unixPath == nullptr) {
+        UiDriver::FailLastError(L"asking where " + path + L" really lies");
+    }
+    const std::wstring result = UiDriver::FromUtf8(unixPath);
+    HeapFree(GetProcessHeap(), 0, unixPath);
+    return result;
+}
+
+void RunInstaller(const std::wstring& arguments) {
+    const Process installer = Process::Start(OnDriveZ(QLB_INSTALL_PRINTER_PATH),
+                                             L'"' + OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments);
+    if (installer.WaitForExit(kPrinterTime) != EXIT_SUCCESS) {
+        UiDriver::Fail(L"the test printer could not be installed or removed");
+    }
+}
+
+DWORD PrinterCount() {
+    DWORD bytes = 0;
+    DWORD count = 0;
+    EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 4, nullptr, 0, &bytes, &count);
+    std::string buffer(bytes, '\0');
+    if (!EnumPrintersW(PRINTER_ENUM_LOCAL, nullptr, 4, reinterpret_cast<BYTE*>(buffer.data()), bytes, &bytes,
+                       &count)) {
+        UiDriver::FailLastError(L"counting the printers");
+    }
+    return count;
+}
+
+/// The system's printer, whose output a shell command gets.
+class TestPrinter {
+public:
+    explicit TestPrinter(const std::wstring& command) { RunInstaller(L"\"|" + command + L'"'); }
+    TestPrinter(const TestPrinter&) = delete;
+    TestPrinter& operator=(const TestPrinter&) = delete;
+    ~TestPrinter() {
+        try {
+            RunInstaller(L"x /remove");
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
+    }
+};
+
+std::size_t Count(const std::string& text, const std::string& part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) {
+        ++count;
+    }
+    return count;
+}
+
+class Print : public UiTest {
+protected:
+    static std::wstring Output() { return ScratchFolder::Path() + L"\\out.ps"; }
+
+    /// The default printer prints into Output, by way of `before`.
+    void InstallPrinter(const std::wstring& before = {}) {
+        printer_.emplace(before + L"cat >'" + UnixPath(Output()) + L"'");
+    }
+    void InstallPrinterOf(const std::wstring& command) { printer_.emplace(command); }
+
+    /// Of many pages.
+    void MakeLongPattern() const {
+        StoredPattern pattern = Seeded(1);
+        for (int button = 1; button <= 5; ++button) {
+            pattern.Button(button).count = 5;
+            for (std::wstring& program : pattern.Button(button).programs) {
+                program = L"C:\\" + std::wstring(1500, L'x');
+            }
+        }
+        WritePattern(Set(1), pattern);
+    }
+
+    /// By the ids of the system's template, which are the same in all languages.
+    std::optional<Window> FindPrintDialog() const {
+        for (const Window& window : UiDriver::FindWindows({Program().Id(), L"#32770", std::nullopt})) {
+            if (window.HasControl(rad3) && window.HasControl(edt3)) {
+                return window;
+            }
+        }
+        return std::nullopt;
+    }
+    Window PressPrint() const {
+        Item(IDC_cmdPrint).Press();
+        const Window dialog =
+            UiDriver::WaitForValue([&] { return FindPrintDialog(); }, L"the print dialog", kPrinterTime);
+        dialog.WaitUntilAnswers();
+        return dialog;
+    }
+    void Answer(const Window& dialog, int button) const {
+        dialog.Control(button).Press();
+        dialog.WaitUntilGone(kPrinterTime);
+    }
+
+    /// The dialog is enabled for a moment also between the system's dialog and the printing.
+    void WaitUntilDone() const {
+        const auto idle = [&] {
+            Dialog().WaitUntilAnswers();
+            return Dialog().Enabled() && UiDriver::Forms(Program()).size() == 1;
+        };
+        UiDriver::WaitUntil([&] { return UiDriver::HoldsFor(idle, Milliseconds(200)); },
+                            L"the program to be done with printing", kPrinterTime);
+    }
+
+    /// Waits until it is complete.
+    static std::string Printout() {
+        std::string bytes;
+        UiDriver::WaitUntil(
+            [&] {
+                bytes = UiDriver::ReadBytes(Output()).value_or("");
+                return bytes.find("%%EOF") != std::string::npos;
+            },
+            L"the printout", kPrinterTime);
+        return bytes;
+    }
+    static std::size_t PagesOf(const std::string& printout) { return Count(printout, "\n%%Page: "); }
+
+    void ExpectUsable() const {
+        ExpectAlive();
+        NameBox(1).SetText(L"After printing");
+        Apply();
+        EXPECT_EQ(AppKey(1, 1).String(L"DispTitle"), L"After printing");
+    }
+
+private:
+    ScratchFolder folder_;
+    std::optional<TestPrinter> printer_;
+};
+
+TEST_F(Print, PrintsOnePage_AfterOk) {
+    InstallPrinter();
+    Start();
+    Answer(PressPrint(), IDOK);
+    WaitUntilDone();
+    const std::string printout = Printout();
+    EXPECT_THAT(printout, StartsWith("%!PS"));
+    EXPECT_GT(printout.size(), kSmallestPrintout);
+    EXPECT_EQ(PagesOf(printout), 1U);
+    ExpectUsable();
+}
+
+TEST_F(Print, PrintsNothing_AfterCancel) {
+    InstallPrinter();
+    Start();
+    Answer(PressPrint(), IDCANCEL);
+    WaitUntilDone();
+    EXPECT_TRUE(
+        UiDriver::HoldsFor([] { return !UiDriver::ReadBytes(Output()).has_value(); }, Milliseconds(500)));
+    ExpectUsable();
+}
+
+TEST_F(Print, PrintsAllPagesOrThoseChosen) {
+    MakeLongPattern();
+    InstallPrinter();
+    Start();
+    Answer(PressPrint(), IDOK);
+    WaitUntilDone();
+    const std::string all = Printout();
+    EXPECT_GE(PagesOf(all), 3U);
+
+    UiDriver::RemoveFile(Output());
+    const Window dialog = PressPrint();
+    dialog.Control(rad3).Press();
+    dialog.Control(edt1).SetText(L"2");
+    dialog.Control(edt2).SetText(L"3");
+    Answer(dialog, IDOK);
+    WaitUntilDone();
+    EXPECT_EQ(PagesOf(Printout()), 2U);
+    ExpectUsable();
+}
+
+TEST_F(Print, AnswersAndShowsAWindow_WhileAPrinterIsSlow) {
+    InstallPrinter(L"sleep 3; ");
+    Start();
+    Answer(PressPrint(), IDOK);
+    UiDriver::WaitUntil([&] { return UiDriver::Forms(Program()).size() == 2; }, L"the window of the printing",
+                        kPrinterTime);
+    Dialog().WaitUntilAnswers();
+    EXPECT_FALSE(Dialog().Enabled());
+    for (const Window& form : UiDriver::Forms(Program())) {
+        if (form.Hwnd() != Dialog().Hwnd()) {
+            EXPECT_EQ(form.Owner(), Dialog().Hwnd());
+            EXPECT_TRUE(form.Control(IDC_cmdCancel).Enabled());
+            EXPECT_THAT(form.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
+        }
+    }
+    WaitUntilDone();
+    EXPECT_EQ(PagesOf(Printout()), 1U);
+    ExpectUsable();
+}
+
+TEST_F(Print, LeavesTheDialogUsable_WhenThePrinterFails) {
+    InstallPrinterOf(L"exit 1");
+    Start();
+    for (int i = 0; i < 2; ++i) {
+        Answer(PressPrint(), IDOK);
+        WaitUntilDone();
+    }
+    ExpectUsable();
+}
+
+TEST_F(Print, LeavesTheDialogUsable_WithoutAPrinter) {
+    if (PrinterCount() != 0) {
+        GTEST_SKIP() << "this machine has a printer of its own";
+    }
+    Start();
+    for (int i = 0; i < 2; ++i) {
+        Item(IDC_cmdPrint).Press();
+        // The system says why.
+        const ModalBox box = ModalBox::Wait(Program(), kPrinterTime);
+        EXPECT_THAT(box.Text(), Not(IsEmpty()));
+        box.Press(IDOK);
+        WaitUntilDone();
+    }
+    ExpectUsable();
+}
+
+} // namespace
