@@ -55,6 +55,8 @@ add_executable(QLBUtl WIN32
     dialogs/main/OnScreenPage.cpp
     dialogs/patterns/frmManager.cpp
     print/PrintCommand.cpp
+    print/PrinterChoice.cpp
+    print/PrintingForm.cpp
     resources/QLBUtl.rc)
 file(GLOB qlb_pictures CONFIGURE_DEPENDS resources/pictures/*.bmp)
 set_source_files_properties(resources/QLBUtl.rc PROPERTIES

@@ -33,7 +33,8 @@ struct PrintExtent {
     int height = 0;
 };
 
-/// A printer with its settings, as a user chose it. One fixed-pitch font that has Japanese characters.
+/// A printer with its settings, as a user chose it. One font that has Japanese characters, fixed-pitch wherever
+/// the system has such a one.
 class PrintDevice {
 public:
     virtual ~PrintDevice() = default;

@@ -48,10 +48,13 @@ bool PrintPageOn(PrintDevice& device, const PlacedPage& page) {
 }
 
 bool PrintPages(PrintDevice& device, const std::vector<PlacedPage>& pages, const PrintJob& job) {
-    for (int copy = 0; copy < std::max(1, job.copies); ++copy) {
+    const int copies = std::max(1, job.copies);
+    for (int round = 0; round < (job.collate ? copies : 1); ++round) {
         for (const PlacedPage& page : pages) {
-            if (!PrintPageOn(device, page)) {
-                return false;
+            for (int again = 0; again < (job.collate ? 1 : copies); ++again) {
+                if (!PrintPageOn(device, page)) {
+                    return false;
+                }
             }
         }
     }
@@ -66,6 +69,22 @@ std::vector<PlacedPage> ChosenPages(std::vector<PlacedPage> pages, const PrintJo
     pages.erase(pages.begin() + last, pages.end());
     pages.erase(pages.begin(), pages.begin() + (first - 1));
     return pages;
+}
+
+bool PrintLines(PrintDevice& device, const std::vector<PrintLine>& lines, const std::wstring& documentName,
+                const PrintJob& job) {
+    const std::vector<PlacedPage> pages = ChosenPages(LayOutPages(lines, device), job);
+    if (pages.empty()) {
+        return true; // an empty sheet helps nobody
+    }
+    if (!device.StartDocument(documentName)) {
+        return false;
+    }
+    if (PrintPages(device, pages, job) && device.EndDocument()) {
+        return true;
+    }
+    device.Abort();
+    return false;
 }
 
 } // namespace
@@ -93,18 +112,9 @@ void CQlbPrint::ReadPrintData() {
     }
 }
 
-bool CQlbPrint::QlbPrintOut(PrintDevice& device, const std::wstring& documentName, const PrintJob& job) {
+bool CQlbPrint::QlbPrintOut(const Printing& printing, const std::wstring& documentName, const PrintJob& job) {
     ReadPrintData();
-    const std::vector<PlacedPage> pages = ChosenPages(LayOutPages(lines_, device), job);
-    if (pages.empty()) {
-        return true; // an empty sheet helps nobody
-    }
-    if (!device.StartDocument(documentName)) {
-        return false;
-    }
-    if (PrintPages(device, pages, job) && device.EndDocument()) {
-        return true;
-    }
-    device.Abort();
-    return false;
+    return printing([lines = lines_, documentName, job](PrintDevice& device) {
+        return PrintLines(device, lines, documentName, job);
+    });
 }

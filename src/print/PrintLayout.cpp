@@ -134,20 +134,41 @@ private:
         return widest;
     }
 
-    void StartPage() {
-        pages_.emplace_back();
-        y_ = area_.top;
+    /// The whole title; on a sheet that is too small for it, it goes on on the next one.
+    void PlaceTitle() {
         const int labelWidth = WidestLabel({title_}, PrintFont::Title);
         const int colonWidth = device_.Extent(kColon, PrintFont::Title).width;
         // The page's number stands at the title's right.
         const int numberWidth = device_.Extent(L"00 / 00 ", PrintFont::Body).width;
         const int width = area_.right - area_.left - labelWidth - numberWidth;
+        const int pitch = Pitch(PrintFont::Title);
+        const bool repeated = pages_.size() > 1;
+        // A page is for what stands below its title.
+        const int end = repeated ? area_.bottom - std::max((area_.bottom - area_.top) / 5,
+                                                           MillimetresY(kTitleGap + 2 * kPadding) + pitch_)
+                                 : area_.bottom;
         for (const PrintLine& line : title_) {
             for (const Row& row : RowsOf(line, width, colonWidth, PrintFont::Title, device_)) {
+                if (y_ != area_.top && y_ + pitch > end) {
+                    if (repeated) {
+                        return;
+                    }
+                    NewPage();
+                }
                 PlaceRow(row, area_.left, labelWidth, colonWidth, PrintFont::Title);
-                y_ += Pitch(PrintFont::Title);
+                y_ += pitch;
             }
         }
+    }
+
+    void NewPage() {
+        pages_.emplace_back();
+        y_ = area_.top;
+    }
+
+    void StartPage() {
+        NewPage();
+        PlaceTitle();
         y_ += MillimetresY(kTitleGap);
         firstY_ = y_;
     }
@@ -174,7 +195,9 @@ private:
             }
         }
         const auto heightOf = [&](std::size_t count) { return 2 * padY + static_cast<int>(count) * pitch_; };
-        if (y_ != firstY_ && y_ + heightOf(rows.size()) > area_.bottom) {
+        const bool fits = y_ + heightOf(rows.size()) <= area_.bottom;
+        const bool nothingFits = y_ + heightOf(1) > area_.bottom;
+        if (nothingFits || (!fits && y_ != firstY_)) {
             StartPage();
         }
         std::size_t begin = 0;

@@ -314,6 +314,9 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
         }
         return -1; // the list box does what it does with the key
+    case WM_TIMER:
+        OnTimer();
+        return TRUE;
     case WM_DPICHANGED:
         OnScalingChanged(HIWORD(wParam), *std::bit_cast<const RECT*>(lParam));
         return TRUE;

@@ -92,6 +92,7 @@ protected:
     /// The close box.
     virtual void OnClose() { Close(); }
     virtual void OnDestroy() {}
+    virtual void OnTimer() {}
     /// Messages from WM_APP on. True when handled.
     virtual bool OnPrivateMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
     /// A key, or the mouse wheel, on its way to a control. True keeps it from there.

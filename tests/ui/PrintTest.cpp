@@ -4,8 +4,7 @@
 #include <dlgs.h>
 #include <winspool.h>
 
-#include <algorithm>
-#include <bit>
+#include <chrono>
 
 using UiDriver::Milliseconds;
 using UiDriver::ModalBox;
@@ -21,31 +20,9 @@ using testing::StartsWith;
 constexpr Milliseconds kPrinterTime{30000}; // the first use of a printer's fonts takes seconds
 constexpr std::size_t kSmallestPrintout = 5000;
 
-std::wstring OnDriveZ(const char* unixPath) {
-    std::wstring path = L"Z:" + UiDriver::FromUtf8(unixPath);
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    return path;
-}
-
-std::wstring UnixPath(const std::wstring& path) {
-    using GetUnixFileName = char* CDECL(const wchar_t*);
-    const auto getUnixFileName = std::bit_cast<GetUnixFileName*>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name"));
-    if (getUnixFileName == nullptr) {
-        UiDriver::Fail(L"printers that print into a command can be had under Wine only");
-    }
-    char* const unixPath = getUnixFileName(path.c_str());
-    if (unixPath == nullptr) {
-        UiDriver::FailLastError(L"asking where " + path + L" really lies");
-    }
-    const std::wstring result = UiDriver::FromUtf8(unixPath);
-    HeapFree(GetProcessHeap(), 0, unixPath);
-    return result;
-}
-
 void RunInstaller(const std::wstring& arguments) {
-    const Process installer = Process::Start(OnDriveZ(QLB_INSTALL_PRINTER_PATH),
-                                             L'"' + OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments);
+    const Process installer = Process::Start(UiDriver::OnDriveZ(QLB_INSTALL_PRINTER_PATH),
+                                             L'"' + UiDriver::OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments);
     if (installer.WaitForExit(kPrinterTime) != EXIT_SUCCESS) {
         UiDriver::Fail(L"the test printer could not be installed or removed");
     }
@@ -92,9 +69,9 @@ protected:
 
     /// The default printer prints into Output, by way of `before`.
     void InstallPrinter(const std::wstring& before = {}) {
-        printer_.emplace(before + L"cat >'" + UnixPath(Output()) + L"'");
+        printer_.emplace(before + L"cat >'" + UiDriver::FromUtf8(UiDriver::UnixPath(Output())) + L"'");
     }
-    void InstallPrinterOf(const std::wstring& command) { printer_.emplace(command); }
+    void RemovePrinter() { printer_.reset(); }
 
     /// Of many pages.
     void MakeLongPattern() const {
@@ -127,6 +104,20 @@ protected:
     void Answer(const Window& dialog, int button) const {
         dialog.Control(button).Press();
         dialog.WaitUntilGone(kPrinterTime);
+    }
+
+    /// What stands over the dialog while the printer works.
+    Window PrintingWindow() const {
+        return UiDriver::WaitForValue(
+            [&]() -> std::optional<Window> {
+                for (const Window& form : UiDriver::Forms(Program())) {
+                    if (form.Hwnd() != Dialog().Hwnd()) {
+                        return form;
+                    }
+                }
+                return std::nullopt;
+            },
+            L"the window of the printing", kPrinterTime);
     }
 
     /// The dialog is enabled for a moment also between the system's dialog and the printing.
@@ -210,30 +201,54 @@ TEST_F(Print, AnswersAndShowsAWindow_WhileAPrinterIsSlow) {
     InstallPrinter(L"sleep 3; ");
     Start();
     Answer(PressPrint(), IDOK);
-    UiDriver::WaitUntil([&] { return UiDriver::Forms(Program()).size() == 2; }, L"the window of the printing",
-                        kPrinterTime);
+    const Window waiting = PrintingWindow();
     Dialog().WaitUntilAnswers();
     EXPECT_FALSE(Dialog().Enabled());
-    for (const Window& form : UiDriver::Forms(Program())) {
-        if (form.Hwnd() != Dialog().Hwnd()) {
-            EXPECT_EQ(form.Owner(), Dialog().Hwnd());
-            EXPECT_TRUE(form.Control(IDC_cmdCancel).Enabled());
-            EXPECT_THAT(form.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
-        }
-    }
+    EXPECT_EQ(waiting.Owner(), Dialog().Hwnd());
+    EXPECT_TRUE(waiting.Control(IDC_cmdCancel).Enabled());
+    EXPECT_THAT(waiting.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
     WaitUntilDone();
     EXPECT_EQ(PagesOf(Printout()), 1U);
     ExpectUsable();
 }
 
-TEST_F(Print, LeavesTheDialogUsable_WhenThePrinterFails) {
-    InstallPrinterOf(L"exit 1");
+TEST_F(Print, SaysThatThePrinterCannotBeOpened) {
+    InstallPrinter();
     Start();
-    for (int i = 0; i < 2; ++i) {
-        Answer(PressPrint(), IDOK);
-        WaitUntilDone();
-    }
+    const Window dialog = PressPrint();
+    RemovePrinter();
+    dialog.Control(IDOK).Press();
+    const ModalBox box = ModalBox::Wait(Program(), kPrinterTime);
+    EXPECT_THAT(box.Text(), Not(IsEmpty()));
+    box.Press(IDOK);
+    WaitUntilDone();
     ExpectUsable();
+}
+
+TEST_F(Print, ComesToAnEnd_WhenGivenUpWhileThePrinterIsStuck) {
+    const std::wstring stuck = ScratchFolder::Path() + L"\\stuck";
+    InstallPrinter(L"touch '" + UiDriver::FromUtf8(UiDriver::UnixPath(stuck)) + L"'; sleep 12; ");
+    Start();
+    Answer(PressPrint(), IDOK);
+    const Window waiting = PrintingWindow();
+    UiDriver::WaitUntil([&] { return UiDriver::ReadBytes(stuck).has_value(); }, L"the printer to get stuck",
+                        kPrinterTime);
+    const auto start = std::chrono::steady_clock::now();
+    waiting.Control(IDC_cmdCancel).Press();
+    UiDriver::WaitUntil([&] { return !waiting.Control(IDC_cmdCancel).Enabled(); }, L"Cancel to be disabled");
+    WaitUntilDone();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, Milliseconds(9000));
+    ExpectUsable();
+}
+
+TEST_F(Print, MakesTheCopiesThatAreAskedFor) {
+    InstallPrinter();
+    Start();
+    const Window dialog = PressPrint();
+    dialog.Control(edt3).SetText(L"3");
+    Answer(dialog, IDOK);
+    WaitUntilDone();
+    EXPECT_EQ(PagesOf(Printout()), 3U);
 }
 
 TEST_F(Print, LeavesTheDialogUsable_WithoutAPrinter) {

@@ -26,22 +26,6 @@ struct UnixDrive {
     USHORT labelOffset;
 };
 
-std::string UnixPath(const std::wstring& path) {
-    using GetUnixFileName = char* CDECL(const wchar_t*);
-    const auto getUnixFileName = std::bit_cast<GetUnixFileName*>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name"));
-    if (getUnixFileName == nullptr) {
-        UiDriver::Fail(L"drives can be made under Wine only");
-    }
-    char* const unixPath = getUnixFileName(path.c_str());
-    if (unixPath == nullptr) {
-        UiDriver::FailLastError(L"asking where " + path + L" really lies");
-    }
-    const std::string result = unixPath;
-    HeapFree(GetProcessHeap(), 0, unixPath);
-    return result;
-}
-
 /// Without a folder the drive goes.
 bool Define(wchar_t letter, DWORD type, const std::string& folder) {
     const HANDLE opened = CreateFileW(L"\\\\.\\MountPointManager", GENERIC_READ | GENERIC_WRITE,
@@ -68,7 +52,7 @@ TestDrive::TestDrive(wchar_t letter, DWORD type, const std::string& label) : let
     if (!label.empty()) {
         UiDriver::WriteBytes(Folder() + L"\\.windows-label", label + '\n');
     }
-    if (!Define(letter_, type, UnixPath(Folder()))) {
+    if (!Define(letter_, type, UiDriver::UnixPath(Folder()))) {
         UiDriver::FailLastError(L"making a drive");
     }
     const std::wstring root{letter_, L':', L'\\'};

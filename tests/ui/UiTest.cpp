@@ -17,13 +17,6 @@ constexpr DWORD kNavy = 0x00804000;
 constexpr DWORD kStoredDefaultColor = 8000;
 constexpr DWORD kDefaultColor = 0x8000; ///< kStoredDefaultColor's decimal digits read as hexadecimal
 
-/// Under Wine the programs lie on the drive that stands for the root of the file system.
-std::wstring OnDriveZ(const char* unixPath) {
-    std::wstring path = L"Z:" + UiDriver::FromUtf8(unixPath);
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    return path;
-}
-
 StoredButton Single(const std::wstring& name, const std::wstring& program, const std::wstring& title) {
     return {name, L"M", 1, {program}, {title}};
 }
@@ -148,11 +141,11 @@ void UiTest::SeedIniBackEnd() const {
 }
 
 std::wstring UiTest::ProgramPath() {
-    return OnDriveZ(QLB_PROGRAM_PATH);
+    return UiDriver::OnDriveZ(QLB_PROGRAM_PATH);
 }
 
 std::wstring UiTest::LauncherPath() {
-    return OnDriveZ(QLB_LAUNCHER_PATH);
+    return UiDriver::OnDriveZ(QLB_LAUNCHER_PATH);
 }
 
 void UiTest::Start(const std::wstring& arguments) {

@@ -6,8 +6,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Test;
 
-constexpr const wchar_t* kOwnFile = TestStore::kOwnFile;
-
 class EntriesInTheRegistry : public Test, public TestStore {};
 
 class EntriesInTheFile : public Test, public TestStore {

@@ -507,6 +507,32 @@ TEST(PrintLayout, HasTheTitleOnEachPageAndItsNumberWhenThereAreMore) {
     });
 }
 
+TEST(PrintLayout, GoesOnOnTheNextSheetWithATitleThatIsTallerThanTheFirst) {
+    const Lines& lines = Contents().back().lines;
+    const PrintPage smallest = FakePrintDevice::Sheet(105, 74, 300, 300, {});
+    const Sheet sheet(smallest, lines);
+    const ReadBack read = sheet.Read();
+    std::wstring name;
+    for (std::size_t i = 0; i < sheet.All().size() && sheet.All()[i].frames.empty(); ++i) {
+        for (const PlacedText& text : sheet.All()[i].texts) {
+            if (text.font == PrintFont::Title) {
+                name += text.text;
+            }
+        }
+    }
+    EXPECT_TRUE(name == lines[0].label + lines[0].value);
+    EXPECT_THAT(read.groups, SizeIs(5));
+    for (const PlacedPage& page : sheet.All()) {
+        EXPECT_THAT(page.texts, Not(IsEmpty()));
+        for (const PlacedText& text : page.texts) {
+            EXPECT_TRUE(Contains(sheet.Area(), sheet.Box(text))) << Shown(sheet.Box(text));
+        }
+        for (const PrintRect& frame : page.frames) {
+            EXPECT_TRUE(Contains(sheet.Area(), frame)) << Shown(frame);
+        }
+    }
+}
+
 TEST(PrintLayout, NeedsOnePageForAUsualPattern_AndMoreForALongOne) {
     ForEachPage([](const PrintPage& page) {
         EXPECT_THAT(LayOutPages(Contents()[0].lines, FakePrintDevice(page)), SizeIs(1));

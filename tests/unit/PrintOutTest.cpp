@@ -24,7 +24,10 @@ protected:
     CQlbPrint print{store};
     FakePrintDevice device;
 
-    bool Print(const PrintJob& job = {}) { return print.QlbPrintOut(device, L"Button settings", job); }
+    bool Print(const PrintJob& job = {}) { return PrintOn(device, L"Button settings", job); }
+    bool PrintOn(PrintDevice& printer, const std::wstring& name, const PrintJob& job = {}) {
+        return print.QlbPrintOut([&](const auto& draw) { return draw(printer); }, name, job);
+    }
 
     /// So that the printout is some pages long.
     void PutManyPages() {
@@ -41,7 +44,7 @@ protected:
     /// What comes out with one copy of everything.
     Pages AllPages() {
         FakePrintDevice other;
-        EXPECT_TRUE(print.QlbPrintOut(other, L"All"));
+        EXPECT_TRUE(PrintOn(other, L"All"));
         return other.Pages();
     }
 
@@ -130,10 +133,31 @@ TEST_F(PrintOut, PrintsEachCopyWhole) {
     EXPECT_THAT(device.Calls(), ElementsAreArray(CallsFor(expected.size())));
 }
 
+TEST_F(PrintOut, PrintsEachPageSeveralTimes_WhenCopiesAreNotCollated) {
+    PutManyPages();
+    const Pages all = AllPages();
+    EXPECT_TRUE(Print({2, 3, 2, false}));
+    EXPECT_TRUE(device.Pages() == (Pages{all.at(1), all.at(1), all.at(2), all.at(2)}));
+}
+
+TEST_F(PrintOut, IsDrawnFromWhatWasStoredWhenItWasAskedFor) {
+    std::function<bool(PrintDevice&)> later;
+    EXPECT_FALSE(print.QlbPrintOut(
+        [&](const auto& draw) {
+            later = draw;
+            return false;
+        },
+        L"x"));
+    PutUser(L"Setting\\Set1", L"SetName", "Renamed meanwhile");
+    print.Clear();
+    EXPECT_TRUE(later(device));
+    EXPECT_NE(PrintedText().find(L"設定名　　　：Home"), std::wstring::npos);
+}
+
 TEST_F(PrintOut, IsThereOnce_WhenNoCopiesAreAskedFor) {
     for (const int copies : {0, -1}) {
         FakePrintDevice once;
-        EXPECT_TRUE(print.QlbPrintOut(once, L"x", {1, 0, copies}));
+        EXPECT_TRUE(PrintOn(once, L"x", {1, 0, copies}));
         EXPECT_THAT(once.Pages(), SizeIs(1)) << copies;
     }
 }
@@ -155,7 +179,7 @@ TEST_F(PrintOut, PrintsThePagesThatWereChosen) {
                             {count, 99, count, count}};
     for (const Range& range : ranges) {
         FakePrintDevice some;
-        EXPECT_TRUE(print.QlbPrintOut(some, L"x", {range.first, range.last, 1}));
+        EXPECT_TRUE(PrintOn(some, L"x", {range.first, range.last, 1}));
         EXPECT_TRUE(some.Pages() == Pages(all.begin() + range.from - 1, all.begin() + range.to))
             << range.first << '-' << range.last;
     }
@@ -172,7 +196,7 @@ TEST_F(PrintOut, IsSafe_WhateverRangeIsAskedFor) {
     for (const int first : {-1, 0, 1, 2, 99}) {
         for (const int last : {-1, 0, 1, 2, 99}) {
             FakePrintDevice any;
-            EXPECT_TRUE(print.QlbPrintOut(any, L"x", {first, last, 1}));
+            EXPECT_TRUE(PrintOn(any, L"x", {first, last, 1}));
             EXPECT_LE(any.Pages().size(), 1U) << first << '-' << last;
         }
     }
@@ -192,13 +216,13 @@ TEST_F(PrintOut, IsAbortedOnceAndLeftAlone_WhereverThePrinterFails) {
     PutManyPages();
     const std::vector<std::string> calls = [&] {
         FakePrintDevice sound;
-        EXPECT_TRUE(print.QlbPrintOut(sound, L"x", {1, 0, 1}));
+        EXPECT_TRUE(PrintOn(sound, L"x", {1, 0, 1}));
         return sound.Calls();
     }();
     for (std::size_t failing = 2; failing <= calls.size(); ++failing) {
         FakePrintDevice failed;
         failed.failingCall = static_cast<int>(failing);
-        EXPECT_FALSE(print.QlbPrintOut(failed, L"x", {1, 0, 1})) << failing;
+        EXPECT_FALSE(PrintOn(failed, L"x", {1, 0, 1})) << failing;
         std::vector<std::string> expected(calls.begin(),
                                           calls.begin() + static_cast<std::ptrdiff_t>(failing));
         expected.emplace_back("Abort");

@@ -6,20 +6,32 @@
 #include <windows.h>
 
 #include <atomic>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 /// A device context of a printer (or of anything else that can be drawn on, for a look at the page).
 class WindowsPrintDevice final : public PrintDevice {
 public:
-    /// Takes the context. `givenUp` is asked while the printer works.
-    WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomic<bool>> givenUp);
+    /// StartDocW, or somebody who calls it on another thread.
+    using DocumentStarter = std::function<int(HDC, const DOCINFOW&)>;
 
-    /// The document goes to this file or port instead of the printer's own ("FILE:": the system asks).
+    /// Takes the context. `givenUp` is asked while the printer works. `page`: what the context is a picture of,
+    /// where it is no printer's.
+    WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomic<bool>> givenUp,
+                       const std::optional<PrintPage>& page = std::nullopt);
+
+    /// The document goes to this file or port instead of the printer's own.
     void OutputTo(const std::wstring& output) { output_ = output; }
-    /// The face in use: "ＭＳ ゴシック", or another fixed-pitch one with Japanese characters.
+    void StartDocumentBy(DocumentStarter starter) { starter_ = std::move(starter); }
+    /// The face in use: "ＭＳ ゴシック", or another one with Japanese characters.
     [[nodiscard]] std::wstring FaceName() const;
+    /// What GetLastError said of the first call that failed; 0: none did.
+    [[nodiscard]] DWORD Error() const { return error_; }
 
-    [[nodiscard]] PrintPage Page() const override;
+    [[nodiscard]] PrintPage Page() const override { return page_; }
     [[nodiscard]] PrintExtent Extent(const std::wstring& text, PrintFont font) const override;
     [[nodiscard]] bool StartDocument(const std::wstring& name) override;
     [[nodiscard]] bool StartPage() override;
@@ -32,10 +44,15 @@ public:
 private:
     [[nodiscard]] HFONT FontFor(PrintFont font) const;
     [[nodiscard]] bool GivenUp() const { return *givenUp_; }
+    /// Passes on whether a call went well.
+    bool Checked(bool succeeded);
 
     MemoryDc hdc_;
+    PrintPage page_;
     std::shared_ptr<const std::atomic<bool>> givenUp_;
+    DocumentStarter starter_;
     std::wstring output_;
     Font body_;
     Font title_;
+    DWORD error_ = 0;
 };

@@ -12,5 +12,6 @@
 #include "Store.h"
 #include "TextFile.h"
 #include "TreeView.h"
+#include "UnixPath.h"
 #include "Wait.h"
 #include "Window.h"

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "print/CQlbPrint.h"
+#include "ui/Handles.h"
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+struct GlobalMemoryDeleter {
+    using pointer = HGLOBAL;
+    void operator()(HGLOBAL memory) const { GlobalFree(memory); }
+};
+/// Owner of what the common dialogs hand out.
+using GlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+
+/// A printer as chosen in the system's dialog, not yet opened.
+class PrinterChoice {
+public:
+    /// Shows the system's dialog, and asks for a file where one is to be printed to. Nothing when the user
+    /// cancels, or when there is no printer, which the system then says.
+    [[nodiscard]] static std::optional<PrinterChoice> Ask(HWND owner);
+
+    /// CreateDC; may take long for a printer of another computer. Null on failure, with GetLastError.
+    [[nodiscard]] MemoryDc Open() const;
+
+    [[nodiscard]] const PrintJob& Job() const { return job_; }
+    /// File or port that the printout goes to; empty: the printer's own.
+    [[nodiscard]] const std::wstring& Output() const { return output_; }
+    /// StartDoc asks the user for a file.
+    [[nodiscard]] bool AsksForFile() const;
+
+private:
+    PrinterChoice() = default;
+    /// DEVNAMES: driver, device or port.
+    [[nodiscard]] std::wstring NameAt(WORD DEVNAMES::*offset) const;
+
+    GlobalMemory mode_;
+    GlobalMemory names_;
+    PrintJob job_;
+    std::wstring output_;
+};
