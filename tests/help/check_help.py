@@ -191,6 +191,13 @@ def contents_path_in(text):
     return tuple(re.findall(r"「([^」]+)」", line.group(1))) if line else ()
 
 
+def machine_values():
+    """The machine-wide values that the program asks for by name."""
+    asked = re.compile(r'(?:LocalMachine, \w+|read\(k\w+Key), L"(\w+)"')
+    sources = [path.read_text(encoding="utf-8") for path in (ROOT / "src").rglob("*.cpp")]
+    return {name for source in sources for name in asked.findall(source)}
+
+
 def window_titles(files):
     """The window types' captions, by the compiled file."""
     table, strings = files["#WINDOWS"], files["#STRINGS"]
@@ -223,6 +230,12 @@ def main():
             problem(f"{name} is missing in the other language")
     check_pages(pages, files, charset, plain_words(texts))
     check_well_formed(sources)
+    values = machine_values()
+    if len(values) < 10:
+        problem(f"the program's code names too few machine-wide values: {sorted(values)}")
+    for value in sorted(values):
+        if not re.search(rf"\b{value}(?![A-Za-z])", sources.get("makers.html", ""), re.ASCII):
+            problem(f"makers.html doesn't speak of {value}")
 
     contents = SiteMap(decoded("contents", files["QLBUTL.hhc"], codec)).entries
     index = SiteMap(decoded("index", files["QLBUTL.hhk"], codec)).entries
