@@ -36,8 +36,9 @@ ShowUninstDetails nevershow
 !define MUI_ICON QLBUtl.ico
 !define MUI_UNICON QLBUtl.ico
 !define MUI_ABORTWARNING
+!define MUI_WELCOMEFINISHPAGE_BITMAP WizardImage.bmp
+!define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 !define MUI_FINISHPAGE_TEXT "$(Finished)"
-!define MUI_COMPONENTSPAGE_SMALLDESC
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
@@ -182,14 +183,14 @@ Section "-QLBUtl" ProgramSection
     ${Else}
         File en\*.*
     ${EndIf}
-    ClearErrors
-    WriteUninstaller "$INSTDIR\${UNINSTALLER}"
-
     ; Of an installation in the other language.
     ReadRegStr $0 HKLM "${ENTRY}" "Shortcut"
     ${If} $0 != ""
         Delete $0
     ${EndIf}
+
+    ClearErrors
+    WriteUninstaller "$INSTDIR\${UNINSTALLER}"
     StrCpy $0 "$SMPROGRAMS\$(FullTitle).lnk"
     CreateShortCut $0 "$INSTDIR\QLBUtl.exe" "/k"
 
@@ -283,8 +284,17 @@ Section "Uninstall"
     Delete "$INSTDIR\QLBUTL.CHM"
     Delete "$INSTDIR\QLBCODE.DAT"
     Delete "$INSTDIR\QLBMCMNU.DAT"
-    Delete "$INSTDIR\${UNINSTALLER}"
     SetOutPath $TEMP
+    ${If} $EXEDIR != $INSTDIR
+        ; The program that this is a copy of may still be on its way out.
+        ${For} $0 1 100
+            Delete "$INSTDIR\${UNINSTALLER}"
+            ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
+                ${Break}
+            ${EndIf}
+            Sleep 100
+        ${Next}
+    ${EndIf}
     ; Only when nothing else was put there.
     RMDir $INSTDIR
     DeleteRegKey HKLM "${ENTRY}"

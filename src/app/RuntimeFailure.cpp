@@ -1,18 +1,21 @@
 // The runtime's own versions of these print what went wrong, to an output that a program with windows does
-// not have, and bring 85 KB of demangling and formatting along.
+// not have, and bring 85 KB of demangling and formatting along. It finds them by its own names.
 
 #include <cstdlib>
 
-namespace __gnu_cxx {                // NOLINT(bugprone-reserved-identifier): the runtime's own name
-void __verbose_terminate_handler() { // NOLINT(bugprone-reserved-identifier)
+// NOLINTBEGIN(bugprone-reserved-identifier, cert-*, readability-identifier-naming)
+
+namespace __gnu_cxx {
+void __verbose_terminate_handler() {
     std::abort();
 }
 } // namespace __gnu_cxx
 
-namespace std { // NOLINT(cert-dcl58-cpp): the runtime asks for it by this name
-[[noreturn]] void __glibcxx_assert_fail(
-    const char* /*file*/, int /*line*/, const char* /*function*/,
-    const char* /*condition*/) noexcept { // NOLINT(bugprone-reserved-identifier)
+namespace std {
+void __glibcxx_assert_fail(const char* /*file*/, int /*line*/, const char* /*function*/,
+                           const char* /*condition*/) noexcept {
     std::abort();
 }
 } // namespace std
+
+// NOLINTEND(bugprone-reserved-identifier, cert-*, readability-identifier-naming)
