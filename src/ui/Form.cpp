@@ -289,8 +289,7 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         return TRUE;
     case WM_HELP:
-        OnHelpKey();
-        return TRUE;
+        return OnHelpKey() ? TRUE : FALSE; // what no form answers, the system passes on to its owner
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE) {
             OnActivate();

@@ -85,7 +85,8 @@ protected:
     [[nodiscard]] virtual bool ShowsHourglass() const { return false; }
     virtual void OnDrawItem(const DRAWITEMSTRUCT& /*item*/) {}
     virtual void OnMouseOverPage() {}
-    virtual void OnHelpKey() {}
+    /// F1. False leaves it to the form's owner.
+    virtual bool OnHelpKey() { return false; }
     virtual void OnActivate() {}
     /// A key in a list box with LBS_WANTKEYBOARDINPUT.
     virtual void OnListKey(int /*id*/, WORD /*key*/) {}

@@ -1,5 +1,7 @@
+#include "PatternManagerUse.h"
+#include "RegisterUse.h"
 #include "TestWindow.h"
-#include "UiTest.h"
+#include "WizardUse.h"
 
 namespace {
 
@@ -28,6 +30,29 @@ protected:
     }
 
     void StartCopy() { StartFrom(Copy()); }
+    UiDriver::Process StartCopyAlone() const { return UiDriver::Process::Start(Copy(), L"/w:0"); }
+
+    /// Presses the button and waits for the form that it opens.
+    UiDriver::Window OpenForm(const UiDriver::Control& button, const std::wstring& title) const {
+        button.Press();
+        return UiDriver::WaitForForm(Program(), title);
+    }
+
+    static void ExpectTheHelpKeyToOpenHelp(const UiDriver::Window& form) {
+        const TestWindow help(L"HH Parent", HelpTitle());
+        form.BringToFrontForGood();
+        form.WaitUntilAnswers();
+        Keyboard::Press(VK_F1);
+        UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+    }
+    static void ExpectTheHelpKeyToDoNothing(const UiDriver::Window& form) {
+        const TestWindow help(L"HH Parent", HelpTitle());
+        form.BringToFrontForGood();
+        form.WaitUntilAnswers();
+        Keyboard::Press(VK_F1);
+        EXPECT_TRUE(UiDriver::HoldsFor([&] { return form.Foreground(); }, UiDriver::Milliseconds(300)));
+    }
+    static std::wstring WizardTitle() { return Text(kTitleText) + L' ' + Text(kWizardTitleText); }
 
     static std::wstring HelpTitle() { return Text(kTitleText) + Text(kHelpText); }
 
@@ -82,6 +107,40 @@ TEST_F(Help, TheHelpKeyDoesNothingWithoutTheFile) {
     Keyboard::Press(VK_F1);
     EXPECT_TRUE(UiDriver::HoldsFor([&] { return Dialog().Foreground(); }, UiDriver::Milliseconds(300)));
     ExpectAlive();
+}
+
+TEST_F(Help, TheHelpKeyWorksInTheRegistrationDialog) {
+    MakeHelpFile();
+    StartCopy();
+    ExpectTheHelpKeyToOpenHelp(OpenForm(PictureOf(1), Text(kRegisterTitleText)));
+}
+
+TEST_F(Help, TheHelpKeyWorksInTheManagerAndItsInputBox) {
+    MakeHelpFile();
+    StartCopy();
+    const UiDriver::Window manager = OpenForm(Item(IDC_cmdUserManager0), Text(kManagerTitleText));
+    ExpectTheHelpKeyToOpenHelp(manager);
+    ExpectTheHelpKeyToOpenHelp(OpenForm(manager.Control(IDC_cmdAdd), Text(kAddText)));
+}
+
+TEST_F(Help, TheHelpKeyWorksInTheWizard) {
+    MakeHelpFile();
+    StartCopy();
+    ExpectTheHelpKeyToOpenHelp(OpenForm(Item(IDC_cmdWizard0), WizardTitle()));
+}
+
+TEST_F(Help, TheHelpKeyWorksInTheWizardAlone) {
+    MakeHelpFile();
+    const UiDriver::Process alone = StartCopyAlone();
+    ExpectTheHelpKeyToOpenHelp(UiDriver::WaitForForm(alone, WizardTitle()));
+}
+
+TEST_F(Help, TheHelpKeyDoesNothingInAnyFormWithoutTheFile) {
+    StartCopy();
+    ExpectTheHelpKeyToDoNothing(OpenForm(Item(IDC_cmdUserManager0), Text(kManagerTitleText)));
+    EndProgram();
+    const UiDriver::Process alone = StartCopyAlone();
+    ExpectTheHelpKeyToDoNothing(UiDriver::WaitForForm(alone, WizardTitle()));
 }
 
 } // namespace

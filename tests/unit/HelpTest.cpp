@@ -70,6 +70,14 @@ TEST_F(JapaneseHelp, LooksForItsJapaneseTitle) {
                 ElementsAre(FakeWindows::Event{FakeWindows::Deed::BroughtForward, help, 0, 0, {}}));
 }
 
+TEST_F(Help, IsThereWhenItsFileLiesBesideTheProgram) {
+    shell.programDirectory = L"C:\\Tools";
+    shell.AddFile(L"C:\\QLBUTL.CHM");
+    EXPECT_FALSE(HasHelpFile(shell));
+    shell.AddFile(L"C:\\Tools\\qlbutl.chm");
+    EXPECT_TRUE(HasHelpFile(shell));
+}
+
 TEST(PathInTest, JoinsWithOneSeparator) {
     EXPECT_EQ(PathIn(L"C:\\Tools", L"a.txt"), L"C:\\Tools\\a.txt");
     EXPECT_EQ(PathIn(L"C:\\", L"a.txt"), L"C:\\a.txt");

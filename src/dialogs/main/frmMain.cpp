@@ -258,7 +258,7 @@ void frmMain::OnCommand(int id, int notification) {
         }
         break;
     case IDC_cmdHelp:
-        Help();
+        Help(Window());
         break;
     default:
         break;
@@ -428,16 +428,17 @@ void frmMain::Apply() {
 }
 
 bool frmMain::HasHelp() const {
-    return platform_.shell.FileExists(HelpFile(platform_.shell));
+    return HasHelpFile(platform_.shell);
 }
 
-void frmMain::Help() {
-    ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(Window()));
+void frmMain::Help(HWND owner) {
+    ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(owner));
     EnableWindow(Control(IDC_cmdHelp), HasHelp() ? TRUE : FALSE); // the file may be gone by now
 }
 
-void frmMain::OnHelpKey() {
+bool frmMain::OnHelpKey() {
     if (HasHelp()) {
-        Help();
+        Help(GetActiveWindow()); // a dialog over this one may have been asked
     }
+    return true;
 }

@@ -38,7 +38,7 @@ protected:
     LRESULT OnNotify(NMHDR& header) override;
     void OnDrawItem(const DRAWITEMSTRUCT& item) override;
     void OnMouseOverPage() override;
-    void OnHelpKey() override;
+    bool OnHelpKey() override;
     void OnClose() override;
     void OnDestroy() override;
     bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -87,7 +87,7 @@ private:
     void RunWizardAlone();
     void Ok();
     void Apply();
-    void Help();
+    void Help(HWND owner);
     [[nodiscard]] bool HasHelp() const;
 
     const Platform& platform_;

@@ -1,5 +1,6 @@
 #include "dialogs/wizard/frmWizard.h"
 
+#include "app/Help.h"
 #include "app/StringTable.h"
 #include "dialogs/wizard/WizardButtons.h"
 #include "platform/Platform.h"
@@ -276,6 +277,16 @@ void frmWizard::Cancel() {
     if (answer == IDYES) {
         OnClose();
     }
+}
+
+bool frmWizard::OnHelpKey() {
+    if (!Globals().WizardForButton) {
+        return false; // the main dialog answers
+    }
+    if (HasHelpFile(platform_.shell)) {
+        ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(Window()));
+    }
+    return true;
 }
 
 void frmWizard::OnClose() {

@@ -40,6 +40,7 @@ protected:
     LRESULT OnNotify(NMHDR& header) override;
     [[nodiscard]] bool ShowsHourglass() const override { return panes_.ShowsHourglass(); }
     HBRUSH OnStaticColour(HWND control, HDC hdc) override;
+    bool OnHelpKey() override;
     void OnClose() override;
 
 private:
