@@ -48,8 +48,22 @@ add_library(qlb_register STATIC
     dialogs/wizard/frmWizardControls.cpp)
 target_link_libraries(qlb_register PRIVATE qlb_warnings PUBLIC qlb_ui)
 
+# Version.rc and the manifest say the project's version and the program's own titles.
+set(qlb_string_table ${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc)
+file(STRINGS ${qlb_string_table} qlb_title REGEX "^QLB_STRING\\(3000," ENCODING UTF-8)
+if(NOT qlb_title MATCHES "\"([^\"]+)\", \"([^\"]+)\"")
+    message(FATAL_ERROR "No titles in ${qlb_string_table}")
+endif()
+set(QLB_TITLE_ENGLISH "${CMAKE_MATCH_1}")
+set(QLB_TITLE_JAPANESE "${CMAKE_MATCH_2}")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${qlb_string_table})
+set(qlb_generated ${CMAKE_CURRENT_BINARY_DIR}/resources)
+configure_file(resources/Version.rc.in ${qlb_generated}/Version.rc @ONLY)
+configure_file(resources/QLBUtl.manifest.in ${qlb_generated}/QLBUtl.manifest @ONLY)
+
 add_executable(QLBUtl WIN32
     app/Main.cpp
+    app/RuntimeFailure.cpp
     dialogs/main/frmMain.cpp
     dialogs/main/frmMainControls.cpp
     dialogs/main/OnScreenPage.cpp
@@ -60,8 +74,8 @@ add_executable(QLBUtl WIN32
     resources/QLBUtl.rc)
 file(GLOB qlb_pictures CONFIGURE_DEPENDS resources/pictures/*.bmp)
 set_source_files_properties(resources/QLBUtl.rc PROPERTIES
-    COMPILE_OPTIONS "-c65001"
-    OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
+    COMPILE_OPTIONS "-c65001;-I${qlb_generated}"
+    OBJECT_DEPENDS "${qlb_string_table};${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${qlb_generated}/Version.rc;${qlb_generated}/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
 target_link_options(QLBUtl PRIVATE -municode)
 target_link_libraries(QLBUtl PRIVATE qlb_register qlb_warnings)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -1,0 +1,307 @@
+; The installer. packages/pack runs makensis in a folder with the files to install and with Product.nsh,
+; which it writes.
+
+Unicode true
+SetCompressor /SOLID lzma
+
+!include Product.nsh
+!include MUI2.nsh
+!include FileFunc.nsh
+!include LogicLib.nsh
+!include Sections.nsh
+!include WinVer.nsh
+
+!define SETTINGS "Software\Korvo\KORVOQLB"
+!define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\QLBUtl"
+; What the demo settings added, one value each: its full name, and what it was set to.
+!define DEMO_RECORD "${ENTRY}\Demo"
+!define UNINSTALLER "QLBUtl-uninstall.exe"
+
+; Beyond NSIS' own 0 done, 1 cancelled, 2 failed.
+!define EXIT_IN_USE 3
+!define EXIT_WINDOWS_TOO_OLD 4
+!define FIRST_WINDOWS_BUILD 15063
+
+Name "$(Title)"
+OutFile "${OUT_FILE}"
+BrandingText "QLBUtl ${VERSION}"
+InstallDir "${PROGRAM_FILES}\QLBUtl"
+InstallDirRegKey HKLM "${ENTRY}" "InstallLocation"
+RequestExecutionLevel admin
+ManifestDPIAware true
+AllowSkipFiles off
+ShowInstDetails nevershow
+ShowUninstDetails nevershow
+
+!define MUI_ICON QLBUtl.ico
+!define MUI_UNICON QLBUtl.ico
+!define MUI_ABORTWARNING
+!define MUI_WELCOMEFINISHPAGE_BITMAP WizardImage.bmp
+!define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
+!define MUI_FINISHPAGE_TEXT "$(Finished)"
+!insertmacro MUI_PAGE_COMPONENTS
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE English
+!insertmacro MUI_LANGUAGE Japanese
+!include Texts.nsh
+
+VIProductVersion "${VERSION}.0"
+VIFileVersion "${VERSION}.0"
+!macro VERSION_TEXTS language title
+    VIAddVersionKey /LANG=${language} CompanyName "${PUBLISHER}"
+    VIAddVersionKey /LANG=${language} FileDescription "${title}"
+    VIAddVersionKey /LANG=${language} FileVersion "${VERSION}"
+    VIAddVersionKey /LANG=${language} LegalCopyright ""
+    VIAddVersionKey /LANG=${language} ProductName "${title}"
+    VIAddVersionKey /LANG=${language} ProductVersion "${VERSION}"
+!macroend
+!insertmacro VERSION_TEXTS ${LANG_ENGLISH} "${TITLE_ENGLISH}"
+!insertmacro VERSION_TEXTS ${LANG_JAPANESE} "${TITLE_JAPANESE}"
+
+; Before anything is changed: what is in use can't be replaced, nor taken away.
+!macro CHECK_IN_USE un
+Function ${un}CheckInUse
+    again:
+    StrCpy $1 "QLBUtl.exe"
+    Call ${un}OpenToWrite
+    ${If} $0 == ""
+        StrCpy $1 "QLBUTL.CHM"
+        Call ${un}OpenToWrite
+    ${EndIf}
+    ${If} $0 == ""
+        Return
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(InUse)" /SD IDCANCEL IDRETRY again
+    SetErrorLevel ${EXIT_IN_USE}
+    Quit
+FunctionEnd
+
+; $0 = "" when the file $1 may be written, or is not there.
+Function ${un}OpenToWrite
+    StrCpy $0 ""
+    ${IfNot} ${FileExists} "$INSTDIR\$1"
+        Return
+    ${EndIf}
+    ClearErrors
+    FileOpen $2 "$INSTDIR\$1" a
+    ${If} ${Errors}
+        StrCpy $0 "$INSTDIR\$1"
+    ${Else}
+        FileClose $2
+    ${EndIf}
+FunctionEnd
+
+; Takes back the demo values that are still as they were set.
+Function ${un}RemoveDemo
+    ${Do}
+        EnumRegValue $0 HKLM "${DEMO_RECORD}" 0
+        ${If} $0 == ""
+            ${Break}
+        ${EndIf}
+        ReadRegStr $1 HKLM "${DEMO_RECORD}" $0
+        DeleteRegValue HKLM "${DEMO_RECORD}" $0
+        ${GetParent} $0 $2
+        ${GetFileName} $0 $3
+        ReadRegStr $4 HKLM $2 $3
+        ${If} $4 S== $1
+            DeleteRegValue HKLM $2 $3
+        ${EndIf}
+        ${While} $2 != "Software"
+            ClearErrors
+            DeleteRegKey /ifempty HKLM $2
+            ${If} ${Errors}
+                ${Break}
+            ${EndIf}
+            ${GetParent} $2 $2
+        ${EndWhile}
+    ${Loop}
+    DeleteRegKey /ifempty HKLM "${DEMO_RECORD}"
+FunctionEnd
+!macroend
+!insertmacro CHECK_IN_USE ""
+!insertmacro CHECK_IN_USE "un."
+
+; An installation in another place goes before this one comes.
+Function RemoveOldPlace
+    ReadRegStr $0 HKLM "${ENTRY}" "InstallLocation"
+    ${If} $0 == ""
+    ${OrIf} $0 == $INSTDIR
+    ${OrIfNot} ${FileExists} "$0\${UNINSTALLER}"
+        Return
+    ${EndIf}
+    ExecWait '"$0\${UNINSTALLER}" /S _?=$0' $1
+    ${If} $1 == ${EXIT_IN_USE}
+        MessageBox MB_OK|MB_ICONEXCLAMATION "$(InUse)" /SD IDOK
+        SetErrorLevel ${EXIT_IN_USE}
+        Quit
+    ${ElseIf} $1 != 0
+        Abort
+    ${EndIf}
+    Delete "$0\${UNINSTALLER}"
+    RMDir $0
+FunctionEnd
+
+; Takes from the stack: kind, key below the settings, value name, data. What is there already stays: it may
+; be a real keyboard's.
+Function AddDemoValue
+    Pop $3
+    Pop $2
+    Pop $1
+    Pop $0
+    System::Call 'advapi32::RegGetValueW(p -2147483646, w r1, w r2, i 0xffff, p 0, p 0, p 0) i.r4'
+    ${If} $4 = 2
+        ${If} $0 == "number"
+            WriteRegDWORD HKLM $1 $2 $3
+        ${Else}
+            WriteRegStr HKLM $1 $2 $3
+        ${EndIf}
+        WriteRegStr HKLM "${DEMO_RECORD}" "$1\$2" $3
+    ${EndIf}
+FunctionEnd
+
+!macro DEMO_VALUE kind key name data
+    Push "${kind}"
+    Push "${key}"
+    Push "${name}"
+    Push "${data}"
+    Call AddDemoValue
+!macroend
+!define DemoValue "!insertmacro DEMO_VALUE"
+
+Section "-QLBUtl" ProgramSection
+    SetShellVarContext all
+    Call CheckInUse
+    Call RemoveOldPlace
+    SetOutPath $INSTDIR
+    File QLBUtl.exe
+    ${If} $LANGUAGE = ${LANG_JAPANESE}
+        File ja\*.*
+    ${Else}
+        File en\*.*
+    ${EndIf}
+    ; Of an installation in the other language.
+    ReadRegStr $0 HKLM "${ENTRY}" "Shortcut"
+    ${If} $0 != ""
+        Delete $0
+    ${EndIf}
+
+    ClearErrors
+    WriteUninstaller "$INSTDIR\${UNINSTALLER}"
+    StrCpy $0 "$SMPROGRAMS\$(FullTitle).lnk"
+    CreateShortCut $0 "$INSTDIR\QLBUtl.exe" "/k"
+
+    WriteRegStr HKLM "${ENTRY}" "Shortcut" $0
+    WriteRegStr HKLM "${ENTRY}" "DisplayName" "$(FullTitle)"
+    WriteRegStr HKLM "${ENTRY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr HKLM "${ENTRY}" "Publisher" "${PUBLISHER}"
+    WriteRegStr HKLM "${ENTRY}" "DisplayIcon" "$INSTDIR\QLBUtl.exe,0"
+    WriteRegStr HKLM "${ENTRY}" "InstallLocation" $INSTDIR
+    WriteRegStr HKLM "${ENTRY}" "UninstallString" '"$INSTDIR\${UNINSTALLER}"'
+    WriteRegStr HKLM "${ENTRY}" "QuietUninstallString" '"$INSTDIR\${UNINSTALLER}" /S'
+    WriteRegDWORD HKLM "${ENTRY}" "EstimatedSize" ${INSTALLED_KB}
+    WriteRegDWORD HKLM "${ENTRY}" "NoModify" 1
+    WriteRegDWORD HKLM "${ENTRY}" "NoRepair" 1
+    ${If} ${Errors}
+        Abort
+    ${EndIf}
+SectionEnd
+
+Section /o "$(DemoName)" DemoSection
+    ${If} $LANGUAGE = ${LANG_JAPANESE}
+        !insertmacro DEMO_JAPANESE
+    ${Else}
+        !insertmacro DEMO_ENGLISH
+    ${EndIf}
+SectionEnd
+
+Section "-WithoutDemo"
+    ${IfNot} ${SectionIsSelected} ${DemoSection}
+        Call RemoveDemo
+    ${EndIf}
+SectionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+    !insertmacro MUI_DESCRIPTION_TEXT ${DemoSection} "$(DemoDescription)"
+!insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+Function .onInit
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/LANG=" $1
+    ${If} $1 == "ja"
+        StrCpy $LANGUAGE ${LANG_JAPANESE}
+    ${ElseIf} $1 == "en"
+        StrCpy $LANGUAGE ${LANG_ENGLISH}
+    ${EndIf}
+
+    ${IfNot} ${AtLeastBuild} ${FIRST_WINDOWS_BUILD}
+        MessageBox MB_OK|MB_ICONSTOP "$(WindowsTooOld)" /SD IDOK
+        SetErrorLevel ${EXIT_WINDOWS_TOO_OLD}
+        Quit
+    ${EndIf}
+
+    ; An update keeps the demo settings that are there.
+    EnumRegValue $2 HKLM "${DEMO_RECORD}" 0
+    ClearErrors
+    ${GetOptions} $0 "/demo" $1
+    ${IfNot} ${Errors}
+    ${OrIf} $2 != ""
+        !insertmacro SelectSection ${DemoSection}
+    ${EndIf}
+FunctionEnd
+
+Section "Uninstall"
+    SetShellVarContext all
+    Call un.CheckInUse
+
+    StrCpy $9 ""
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/removesettings" $1
+    ${IfNot} ${Errors}
+        StrCpy $9 "remove"
+    ${Else}
+        EnumRegKey $1 HKCU "${SETTINGS}" 0
+        EnumRegValue $2 HKCU "${SETTINGS}" 0
+        ${If} "$1$2" != ""
+        ${OrIf} ${FileExists} "$WINDIR\KORVOQLB.INI"
+            MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(RemoveSettings)" /SD IDNO IDNO kept
+            StrCpy $9 "remove"
+            kept:
+        ${EndIf}
+    ${EndIf}
+
+    ReadRegStr $0 HKLM "${ENTRY}" "Shortcut"
+    ${If} $0 != ""
+        Delete $0
+    ${EndIf}
+    Call un.RemoveDemo
+    Delete "$INSTDIR\QLBUtl.exe"
+    Delete "$INSTDIR\QLBUTL.CHM"
+    Delete "$INSTDIR\QLBCODE.DAT"
+    Delete "$INSTDIR\QLBMCMNU.DAT"
+    SetOutPath $TEMP
+    ${If} $EXEDIR != $INSTDIR
+        ; The program that this is a copy of may still be on its way out.
+        ${For} $0 1 100
+            Delete "$INSTDIR\${UNINSTALLER}"
+            ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
+                ${Break}
+            ${EndIf}
+            Sleep 100
+        ${Next}
+    ${EndIf}
+    ; Only when nothing else was put there.
+    RMDir $INSTDIR
+    DeleteRegKey HKLM "${ENTRY}"
+
+    ${If} $9 == "remove"
+        DeleteRegKey HKCU "${SETTINGS}"
+        DeleteRegKey /ifempty HKCU "Software\Korvo"
+        Delete "$WINDIR\KORVOQLB.INI"
+    ${EndIf}
+SectionEnd

@@ -1,0 +1,25 @@
+!macro TEXT name english japanese
+    LangString ${name} ${LANG_ENGLISH} "${english}"
+    LangString ${name} ${LANG_JAPANESE} "${japanese}"
+!macroend
+
+!insertmacro TEXT Title "${TITLE_ENGLISH}" "${TITLE_JAPANESE}"
+!insertmacro TEXT FullTitle "${TITLE_ENGLISH}${SUFFIX_ENGLISH}" "${TITLE_JAPANESE}${SUFFIX_JAPANESE}"
+!insertmacro TEXT InUse \
+    "Quickfire Button Settings or its help is open.$\n$\nPlease close it, and choose Retry." \
+    "クイックファイアボタンの設定またはヘルプが開いています。$\n$\n閉じてから「再試行」を押してください。"
+!insertmacro TEXT WindowsTooOld \
+    "Windows 10, version 1703 or later, is needed." \
+    "Windows 10 バージョン 1703 以降が必要です。"
+!insertmacro TEXT DemoName \
+    "Demo settings" \
+    "デモ設定"
+!insertmacro TEXT DemoDescription \
+    "To try the program without the keyboard. Settings that this computer has already stay as they are." \
+    "キーボードがなくてもプログラムを試せます。すでにある設定は変更しません。"
+!insertmacro TEXT Finished \
+    "You find it in the Start menu. It opens only with the keyboard or with the demo settings." \
+    "スタートメニューから開始できます。キーボードまたはデモ設定がある場合にのみ開きます。"
+!insertmacro TEXT RemoveSettings \
+    "Remove your own button settings, too?" \
+    "ご自分のボタン設定も削除しますか？"
