@@ -2,6 +2,7 @@ add_library(qlb_windows STATIC
     platform/windows/Ansi.cpp
     platform/windows/AutomationObject.cpp
     platform/windows/Com.cpp
+    platform/windows/JapaneseFont.cpp
     platform/windows/WindowsDrives.cpp
     platform/windows/WindowsFileSystem.cpp
     platform/windows/WindowsInstalledFonts.cpp
@@ -61,6 +62,17 @@ set(qlb_generated ${CMAKE_CURRENT_BINARY_DIR}/resources)
 configure_file(resources/Version.rc.in ${qlb_generated}/Version.rc @ONLY)
 configure_file(resources/QLBUtl.manifest.in ${qlb_generated}/QLBUtl.manifest @ONLY)
 
+# Gives a program these resources: texts, dialogs, pictures, version, manifest.
+function(qlb_add_resources target)
+    set(folder ${PROJECT_SOURCE_DIR}/src/resources)
+    set(generated ${PROJECT_BINARY_DIR}/src/resources)
+    file(GLOB pictures CONFIGURE_DEPENDS ${folder}/pictures/*.bmp)
+    target_sources(${target} PRIVATE ${folder}/QLBUtl.rc)
+    set_source_files_properties(${folder}/QLBUtl.rc PROPERTIES
+        COMPILE_OPTIONS "-c65001;-I${generated}"
+        OBJECT_DEPENDS "${folder}/StringTable.inc;${folder}/resource.h;${folder}/QLBUtl.ico;${generated}/Version.rc;${generated}/QLBUtl.manifest;${pictures}")
+endfunction()
+
 add_executable(QLBUtl WIN32
     app/Main.cpp
     app/RuntimeFailure.cpp
@@ -70,12 +82,8 @@ add_executable(QLBUtl WIN32
     dialogs/patterns/frmManager.cpp
     print/PrintCommand.cpp
     print/PrinterChoice.cpp
-    print/PrintingForm.cpp
-    resources/QLBUtl.rc)
-file(GLOB qlb_pictures CONFIGURE_DEPENDS resources/pictures/*.bmp)
-set_source_files_properties(resources/QLBUtl.rc PROPERTIES
-    COMPILE_OPTIONS "-c65001;-I${qlb_generated}"
-    OBJECT_DEPENDS "${qlb_string_table};${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${qlb_generated}/Version.rc;${qlb_generated}/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
+    print/PrintingForm.cpp)
+qlb_add_resources(QLBUtl)
 target_link_options(QLBUtl PRIVATE -municode)
 target_link_libraries(QLBUtl PRIVATE qlb_register qlb_warnings)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -31,7 +31,7 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_
     const Platform platform = system.Interfaces();
     Run(platform, lpCmdLine);
     if (WorkersRun()) {
-        // One may hang in a shell extension; nothing is left to be saved.
+        // One may hang in a shell extension or a printer; nothing is left to be saved.
         TerminateProcess(GetCurrentProcess(), 0);
     }
     return 0;

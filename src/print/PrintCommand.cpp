@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace {
@@ -19,10 +20,25 @@ namespace {
 class Printout {
 public:
     Printout(PrinterChoice choice, std::function<bool(PrintDevice&)> draw, const PrintingForm& waiting)
-        : choice_(std::move(choice)), draw_(std::move(draw)), form_(waiting.Window()),
-          givenUp_(waiting.GivenUp()) {}
+        : choice_(std::move(choice)), draw_(std::move(draw)), givenUp_(waiting.GivenUp()) {}
 
     void Print() {
+        try {
+            PrintOnPrinter();
+        } catch (const std::bad_alloc&) {
+            error_ = ERROR_NOT_ENOUGH_MEMORY;
+        }
+    }
+
+    [[nodiscard]] bool Printed() const { return printed_; }
+    /// Worth a word: the user hasn't given up in a dialog of the driver's.
+    [[nodiscard]] bool Failed() const {
+        return !printed_ && error_ != ERROR_CANCELLED && error_ != ERROR_PRINT_CANCELLED;
+    }
+    [[nodiscard]] DWORD Error() const { return error_; }
+
+private:
+    void PrintOnPrinter() {
         const ComApartment com; // for drivers that show something of their own
         MemoryDc printer = choice_.Open();
         if (!printer) {
@@ -31,36 +47,15 @@ public:
         }
         WindowsPrintDevice device(printer.release(), givenUp_);
         device.OutputTo(choice_.Output());
-        if (choice_.AsksForFile()) {
-            device.StartDocumentBy([form = form_](HDC hdc, const DOCINFOW& document) {
-                int job = 0;
-                DWORD error = ERROR_CANCELLED;
-                PrintingForm::RunOnWindowsThread(form, [&] {
-                    job = StartDocW(hdc, &document);
-                    error = GetLastError();
-                });
-                SetLastError(error);
-                return job;
-            });
-        }
         printed_ = draw_(device);
         error_ = device.Error();
     }
 
-    [[nodiscard]] bool Printed() const { return printed_; }
-    /// Worth a word: the user hasn't given up.
-    [[nodiscard]] bool Failed() const {
-        return !printed_ && !*givenUp_ && error_ != ERROR_CANCELLED && error_ != ERROR_PRINT_CANCELLED;
-    }
-    [[nodiscard]] DWORD Error() const { return error_; }
-
-private:
     PrinterChoice choice_;
     std::function<bool(PrintDevice&)> draw_;
-    HWND form_;
     std::shared_ptr<const std::atomic<bool>> givenUp_;
     bool printed_ = false;
-    DWORD error_ = ERROR_SUCCESS;
+    DWORD error_ = ERROR_NOT_ENOUGH_MEMORY; ///< until the thread runs
 };
 
 struct LocalMemoryDeleter {
@@ -70,28 +65,29 @@ struct LocalMemoryDeleter {
 
 /// In the system's words.
 std::wstring TextOfError(DWORD error) {
-    if (error == ERROR_SUCCESS) {
-        error = ERROR_INVALID_PRINTER_NAME; // what it usually is when a driver doesn't say
-    }
     wchar_t* text = nullptr;
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM |
                                             FORMAT_MESSAGE_IGNORE_INSERTS,
                                         nullptr, error, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
     const std::unique_ptr<void, LocalMemoryDeleter> owner(text);
-    return length == 0 ? std::to_wstring(error) : std::wstring(text, length);
+    std::wstring words(text == nullptr ? L"" : text, length);
+    words.erase(words.find_last_not_of(L" \r\n") + 1);
+    return words.empty() ? std::to_wstring(error) : words;
 }
 
-/// False when the user has given up.
+/// False when nothing was printed.
 bool PrintOn(Form& owner, const StringTable& texts, PrinterChoice choice,
              std::function<bool(PrintDevice&)> draw) {
     PrintingForm waiting(owner.Window(), texts);
     const auto printout = std::make_shared<Printout>(std::move(choice), std::move(draw), waiting);
-    if (!waiting.Run([printout] { printout->Print(); })) {
-        return false;
+    const bool ended = waiting.Run([printout] { printout->Print(); });
+    if (*waiting.GivenUp()) {
+        return ended && printout->Printed();
     }
     if (printout->Failed()) {
-        MessageBoxW(owner.Window(), TextOfError(printout->Error()).c_str(), texts.ResText(kTextTitle).c_str(),
-                    MB_OK | MB_ICONERROR);
+        const DWORD error = printout->Error();
+        MessageBoxW(owner.Window(), TextOfError(error == ERROR_SUCCESS ? ERROR_GEN_FAILURE : error).c_str(),
+                    texts.ResText(kTextTitle).c_str(), MB_OK | MB_ICONERROR);
     }
     return printout->Printed();
 }

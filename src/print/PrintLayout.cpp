@@ -7,6 +7,8 @@ namespace {
 
 // Millimetres.
 constexpr double kMargin = 15;
+/// Of the paper's width or height, for paper smaller than A4.
+constexpr double kLargestMargin = 1.0 / 14;
 constexpr double kPadding = 2.5;
 constexpr double kGroupGap = 4;
 constexpr double kTitleGap = 4;
@@ -91,8 +93,11 @@ public:
     explicit Layout(const PrintDevice& device)
         : device_(device), page_(device.Page()), colonWidth_(device.Extent(kColon, PrintFont::Body).width),
           pitch_(Pitch(PrintFont::Body)) {
-        const int marginX = MillimetresX(kMargin);
-        const int marginY = MillimetresY(kMargin);
+        const auto margin = [](int usual, int paper) {
+            return std::min(usual, static_cast<int>(std::lround(paper * kLargestMargin)));
+        };
+        const int marginX = margin(MillimetresX(kMargin), page_.paperWidth);
+        const int marginY = margin(MillimetresY(kMargin), page_.paperHeight);
         area_.left = std::max(0, marginX - page_.offsetX);
         area_.top = std::max(0, marginY - page_.offsetY);
         area_.right = std::min(page_.width, page_.paperWidth - marginX - page_.offsetX);

@@ -3,21 +3,23 @@
 #include "platform/windows/SystemLibrary.h"
 
 #include <cwchar>
+#include <string_view>
 
 namespace {
 
 constexpr WORD kMostPages = 99;
 constexpr DWORD kLongestPath = 32768;
-/// Ports whose monitors ask for a file: the first is asked for here, the second one's driver asks for itself.
-constexpr const wchar_t* kFilePort = L"FILE:";
-constexpr const wchar_t* kPromptingPort = L"PORTPROMPT:";
+/// Ports that are a file of the user's choice. It is asked for here: their monitors would ask on the thread
+/// that prints, with no window to stand over.
+constexpr std::wstring_view kFilePort = L"FILE:";
+constexpr std::wstring_view kPromptingPort = L"PORTPROMPT:";
 
 /// The contents of movable memory for as long as this lives.
 template <class Contents> class LockedMemory {
 public:
     explicit LockedMemory(HGLOBAL memory)
         : memory_(memory),
-          contents_(static_cast<const Contents*>(memory == nullptr ? nullptr : GlobalLock(memory))) {}
+          contents_(static_cast<Contents*>(memory == nullptr ? nullptr : GlobalLock(memory))) {}
     ~LockedMemory() {
         if (contents_ != nullptr) {
             GlobalUnlock(memory_);
@@ -26,15 +28,31 @@ public:
     LockedMemory(const LockedMemory&) = delete;
     LockedMemory& operator=(const LockedMemory&) = delete;
 
-    [[nodiscard]] const Contents* Get() const { return contents_; }
+    [[nodiscard]] Contents* Get() const { return contents_; }
 
 private:
     HGLOBAL memory_;
-    const Contents* contents_;
+    Contents* contents_;
 };
 
+/// What a printer writes into a file.
+struct FileKind {
+    const wchar_t* filter;
+    const wchar_t* extension;
+};
+
+FileKind FileKindOf(const std::wstring& port, const std::wstring& device) {
+    if (port == kPromptingPort && device.find(L"PDF") != std::wstring::npos) {
+        return {L"*.pdf\0*.pdf\0", L"pdf"};
+    }
+    if (port == kPromptingPort) {
+        return {L"*.oxps\0*.oxps\0*.xps\0*.xps\0", L"oxps"};
+    }
+    return {L"*.prn\0*.prn\0*.*\0*.*\0", L"prn"};
+}
+
 /// Empty when the user gives up.
-std::wstring AskForFile(HWND owner) {
+std::wstring AskForFile(HWND owner, const FileKind& kind) {
     using SaveDialog = BOOL WINAPI(OPENFILENAMEW*);
     static const auto kSaveDialog = SystemProcedure<SaveDialog>(L"comdlg32.dll", "GetSaveFileNameW");
     if (kSaveDialog == nullptr) {
@@ -44,10 +62,10 @@ std::wstring AskForFile(HWND owner) {
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
-    dialog.lpstrFilter = L"*.prn\0*.prn\0*.*\0*.*\0";
+    dialog.lpstrFilter = kind.filter;
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = kLongestPath;
-    dialog.lpstrDefExt = L"prn";
+    dialog.lpstrDefExt = kind.extension;
     dialog.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOREADONLYRETURN |
                    OFN_NOCHANGEDIR | OFN_EXPLORER;
     path.resize(kSaveDialog(&dialog) == FALSE ? 0 : std::wcslen(path.data()));
@@ -65,7 +83,7 @@ std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner) {
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
-    // Copies are made here, since not every printer can.
+    // Without PD_USEDEVMODECOPIES a user can have copies of every printer.
     dialog.Flags = PD_NOSELECTION | PD_COLLATE;
     dialog.nMinPage = 1;
     dialog.nMaxPage = kMostPages;
@@ -85,8 +103,10 @@ std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner) {
         choice.job_.firstPage = dialog.nFromPage;
         choice.job_.lastPage = dialog.nToPage;
     }
-    if ((dialog.Flags & PD_PRINTTOFILE) != 0 || choice.NameAt(&DEVNAMES::wOutputOffset) == kFilePort) {
-        choice.output_ = AskForFile(owner);
+    choice.LeaveCopiesToDriver();
+    const std::wstring port = choice.NameAt(&DEVNAMES::wOutputOffset);
+    if ((dialog.Flags & PD_PRINTTOFILE) != 0 || port == kFilePort || port == kPromptingPort) {
+        choice.output_ = AskForFile(owner, FileKindOf(port, choice.NameAt(&DEVNAMES::wDeviceOffset)));
         if (choice.output_.empty()) {
             return std::nullopt;
         }
@@ -100,16 +120,39 @@ std::wstring PrinterChoice::NameAt(WORD DEVNAMES::*offset) const {
         return {};
     }
     // Offsets are in characters.
-    const void* start = names.Get();
+    const void* const start = names.Get();
     return static_cast<const wchar_t*>(start) + names.Get()->*offset;
 }
 
-MemoryDc PrinterChoice::Open() const {
+void PrinterChoice::LeaveCopiesToDriver() {
+    using Capabilities = int WINAPI(LPCWSTR, LPCWSTR, WORD, LPWSTR, const DEVMODEW*);
+    static const auto kCapabilities = SystemProcedure<Capabilities>(L"winspool.drv", "DeviceCapabilitiesW");
     const LockedMemory<DEVMODEW> mode(mode_.get());
-    return MemoryDc(CreateDCW(NameAt(&DEVNAMES::wDriverOffset).c_str(),
-                              NameAt(&DEVNAMES::wDeviceOffset).c_str(), nullptr, mode.Get()));
+    if (job_.copies <= 1 || kCapabilities == nullptr || mode.Get() == nullptr) {
+        return;
+    }
+    const std::wstring device = NameAt(&DEVNAMES::wDeviceOffset);
+    const std::wstring port = NameAt(&DEVNAMES::wOutputOffset);
+    const auto can = [&](WORD what, int atLeast) {
+        return kCapabilities(device.c_str(), port.c_str(), what, nullptr, mode.Get()) >= atLeast;
+    };
+    if (can(DC_COPIES, job_.copies) && (!job_.collate || can(DC_COLLATE, 1))) {
+        mode.Get()->dmFields |= DM_COPIES | DM_COLLATE;
+        mode.Get()->dmCopies = static_cast<short>(job_.copies);
+        mode.Get()->dmCollate = job_.collate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
+        job_.copies = 1;
+    }
 }
 
-bool PrinterChoice::AsksForFile() const {
-    return output_.empty() && NameAt(&DEVNAMES::wOutputOffset) == kPromptingPort;
+MemoryDc PrinterChoice::Open() const {
+    MemoryDc printer;
+    DWORD error = ERROR_SUCCESS;
+    {
+        const LockedMemory<DEVMODEW> mode(mode_.get());
+        printer.reset(CreateDCW(NameAt(&DEVNAMES::wDriverOffset).c_str(),
+                                NameAt(&DEVNAMES::wDeviceOffset).c_str(), nullptr, mode.Get()));
+        error = GetLastError();
+    }
+    SetLastError(error); // unlocking had its own say
+    return printer;
 }

@@ -31,11 +31,11 @@ public:
     [[nodiscard]] const PrintJob& Job() const { return job_; }
     /// File or port that the printout goes to; empty: the printer's own.
     [[nodiscard]] const std::wstring& Output() const { return output_; }
-    /// StartDoc asks the user for a file.
-    [[nodiscard]] bool AsksForFile() const;
 
 private:
     PrinterChoice() = default;
+    /// The driver makes the copies where it can: it knows of duplex and staples.
+    void LeaveCopiesToDriver();
     /// DEVNAMES: driver, device or port.
     [[nodiscard]] std::wstring NameAt(WORD DEVNAMES::*offset) const;
 

@@ -6,17 +6,14 @@
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
 #include "ui/Controls.h"
-#include "ui/ScopedFlag.h"
 
 #include <commctrl.h>
 
-#include <bit>
 #include <utility>
 
 namespace {
 
 constexpr UINT kPrinted = WM_APP + 1;
-constexpr UINT kWork = WM_APP + 2;
 constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTimerMs = 250;
 /// How long a printer that was given up has for an orderly end.
@@ -42,23 +39,18 @@ bool PrintingForm::Run(std::function<void()> print) {
             SetEvent(ended->get());
             PostMessageW(window, kPrinted, 0, 0);
         })) {
-        (*shared)();
-        return true;
+        return false;
     }
     ended_ = ended->get();
     SetTimer(window, kTimer, kTimerMs, nullptr); // should the message above get lost
     RunModal();
+    Close();
     if (WaitForSingleObject(ended_, 0) != WAIT_OBJECT_0 && !*givenUp_) {
         // The program ends before the printer.
         *givenUp_ = true;
         WaitForSingleObject(ended_, kLettingGoMs);
     }
-    Close();
     return WaitForSingleObject(ended_, 0) == WAIT_OBJECT_0;
-}
-
-void PrintingForm::RunOnWindowsThread(HWND form, const std::function<void()>& work) {
-    SendMessageW(form, kWork, 0, std::bit_cast<LPARAM>(&work));
 }
 
 void PrintingForm::OnCreate() {
@@ -101,20 +93,14 @@ void PrintingForm::OnClose() {
 void PrintingForm::OnTimer() {
     const bool ended = WaitForSingleObject(ended_, 0) == WAIT_OBJECT_0;
     const bool waitedEnough = cancelled_ && GetTickCount64() - givenUpAt_ >= kLettingGoMs;
-    if (ended || (waitedEnough && !working_)) {
+    if (ended || waitedEnough) {
         EndModal();
     }
 }
 
-bool PrintingForm::OnPrivateMessage(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
+bool PrintingForm::OnPrivateMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
     if (message == kPrinted) {
         OnTimer();
-        return true;
     }
-    if (message != kWork || *givenUp_) {
-        return false;
-    }
-    const ScopedFlag working(working_);
-    (*std::bit_cast<const std::function<void()>*>(lParam))();
-    return true;
+    return message == kPrinted;
 }

@@ -18,12 +18,9 @@ public:
     [[nodiscard]] std::shared_ptr<const std::atomic<bool>> GivenUp() const { return givenUp_; }
 
     /// Runs `print` on another thread, and returns when it has ended. A printer that doesn't notice soon that
-    /// it was given up is left alone: `print` must own whatever it touches. False then.
+    /// it was given up is left alone: `print` must own whatever it touches. False then, and when no thread could
+    /// be had.
     bool Run(std::function<void()> print);
-
-    /// For `print`: runs `work` on the user interface's thread, and returns when it has ended. Does nothing when
-    /// the form is gone, or the user has given up.
-    static void RunOnWindowsThread(HWND form, const std::function<void()>& work);
 
 protected:
     void OnCreate() override;
@@ -36,7 +33,6 @@ protected:
 private:
     const StringTable& texts_;
     HANDLE ended_ = nullptr; ///< set when the printer has let go
-    bool working_ = false;   ///< for the printing thread
     bool cancelled_ = false;
     ULONGLONG givenUpAt_ = 0; ///< ticks, in milliseconds
     std::shared_ptr<std::atomic<bool>> givenUp_ = std::make_shared<std::atomic<bool>>(false);

@@ -291,13 +291,4 @@ TEST(WindowsPrintDeviceTest, TheFaceInUseHasEveryLabelsCharacters) {
     EXPECT_THAT(glyphs, testing::Each(testing::Ne(WORD{0xFFFF})));
 }
 
-TEST(WindowsPrintDeviceTest, BeginsNoPage_OnceItIsGivenUp) {
-    const Flag givenUp = NotGivenUp();
-    WindowsPrintDevice device(CreateCompatibleDC(nullptr), givenUp);
-    *givenUp = true;
-    EXPECT_FALSE(device.StartPage());
-    EXPECT_FALSE(device.EndPage());
-    device.Abort();
-}
-
 } // namespace

@@ -63,6 +63,13 @@ std::size_t Count(const std::string& text, const std::string& part) {
     return count;
 }
 
+std::wstring SystemTextOf(DWORD error) {
+    wchar_t text[512] = L"";
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0, text,
+                   static_cast<DWORD>(std::size(text)), nullptr);
+    return text;
+}
+
 class Print : public UiTest {
 protected:
     static std::wstring Output() { return ScratchFolder::Path() + L"\\out.ps"; }
@@ -219,7 +226,7 @@ TEST_F(Print, SaysThatThePrinterCannotBeOpened) {
     RemovePrinter();
     dialog.Control(IDOK).Press();
     const ModalBox box = ModalBox::Wait(Program(), kPrinterTime);
-    EXPECT_THAT(box.Text(), Not(IsEmpty()));
+    EXPECT_THAT(SystemTextOf(ERROR_INVALID_PRINTER_NAME), StartsWith(box.Text()));
     box.Press(IDOK);
     WaitUntilDone();
     ExpectUsable();

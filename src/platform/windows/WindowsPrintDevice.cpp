@@ -1,12 +1,10 @@
 #include "platform/windows/WindowsPrintDevice.h"
 
+#include "platform/windows/JapaneseFont.h"
+
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cwchar>
-#include <string_view>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -15,22 +13,8 @@ constexpr int kBodyPoints = 10;
 constexpr int kTitlePoints = 12;
 /// The first one goes by its English name where Windows is not Japanese.
 constexpr std::array kFaces = {L"ＭＳ ゴシック", L"MS Gothic"};
-/// Of every character that the fixed labels use.
-constexpr std::wstring_view kLabelCharacters =
-    L"設定名実行形態起動称単独順次同時ＡＰボタンショートカッ１２３４５：　";
 constexpr int kFrameMicrometres = 250;
 constexpr int kMicrometresPerInch = 25400;
-
-LOGFONTW FontOfPoints(const std::wstring& face, int points, int dpi) {
-    LOGFONTW font{};
-    font.lfHeight = -MulDiv(points, dpi, kPointsPerInch);
-    font.lfWeight = FW_NORMAL;
-    font.lfCharSet = SHIFTJIS_CHARSET;
-    font.lfOutPrecision = OUT_TT_ONLY_PRECIS; // a printer's own fonts may lack the characters
-    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
-    face.copy(font.lfFaceName, LF_FACESIZE - 1);
-    return font;
-}
 
 PrintPage PageOf(HDC hdc) {
     const auto caps = [hdc](int index) { return GetDeviceCaps(hdc, index); };
@@ -41,65 +25,6 @@ PrintPage PageOf(HDC hdc) {
         page.paperHeight = page.height;
     }
     return page;
-}
-
-enum class Suitable { No, WithoutFixedPitch, Yes };
-
-Suitable Suits(HDC hdc, const std::wstring& face) {
-    const LOGFONTW wanted = FontOfPoints(face, kBodyPoints, GetDeviceCaps(hdc, LOGPIXELSY));
-    const Font font(CreateFontIndirectW(&wanted));
-    if (!font) {
-        return Suitable::No;
-    }
-    const Selected selected(hdc, font.get());
-    std::vector<WORD> glyphs(kLabelCharacters.size());
-    const DWORD found =
-        GetGlyphIndicesW(hdc, kLabelCharacters.data(), static_cast<int>(kLabelCharacters.size()),
-                         glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS);
-    constexpr WORD kMissing = 0xFFFF;
-    if (found == GDI_ERROR || std::find(glyphs.begin(), glyphs.end(), kMissing) != glyphs.end()) {
-        return Suitable::No;
-    }
-    TEXTMETRICW metric{};
-    // Set means variable pitch, whatever the constant's name says.
-    const bool fixed =
-        GetTextMetricsW(hdc, &metric) != FALSE && (metric.tmPitchAndFamily & TMPF_FIXED_PITCH) == 0;
-    return fixed ? Suitable::Yes : Suitable::WithoutFixedPitch;
-}
-
-int CALLBACK CollectFace(const LOGFONTW* font, const TEXTMETRICW* /*metric*/, DWORD /*type*/,
-                         LPARAM faces) noexcept {
-    const std::wstring_view name = font->lfFaceName;
-    if (!name.starts_with(L'@')) { // "@": for vertical text
-        std::bit_cast<std::vector<std::wstring>*>(faces)->emplace_back(name);
-    }
-    return 1;
-}
-
-/// The usual face where it has the characters (the system may stand another one in for it), else the first
-/// fixed-pitch one that has them, else any that has them.
-std::wstring JapaneseFace(HDC hdc) {
-    for (const wchar_t* face : kFaces) {
-        if (Suits(hdc, face) == Suitable::Yes) {
-            return face;
-        }
-    }
-    LOGFONTW all{};
-    all.lfCharSet = SHIFTJIS_CHARSET;
-    std::vector<std::wstring> faces;
-    EnumFontFamiliesExW(hdc, &all, CollectFace, std::bit_cast<LPARAM>(&faces), 0);
-    std::wstring lastResort = kFaces.front();
-    bool found = false;
-    for (const std::wstring& face : faces) {
-        const Suitable suits = Suits(hdc, face);
-        if (suits == Suitable::Yes) {
-            return face;
-        }
-        if (suits == Suitable::WithoutFixedPitch && !std::exchange(found, true)) {
-            lastResort = face;
-        }
-    }
-    return lastResort;
 }
 
 /// SetAbortProc has no place for a context of the caller's. Each printout has a thread of its own, on which
@@ -114,17 +39,33 @@ BOOL CALLBACK GoOn(HDC /*hdc*/, int /*error*/) noexcept {
     return givenUp == nullptr || !*givenUp ? TRUE : FALSE;
 }
 
+/// StartPage and EndPage answer some reasons, and leave others to GetLastError.
+DWORD ErrorOf(int answer, DWORD lastError) {
+    switch (answer) {
+    case SP_OUTOFDISK:
+        return ERROR_DISK_FULL;
+    case SP_OUTOFMEMORY:
+        return ERROR_NOT_ENOUGH_MEMORY;
+    case SP_APPABORT:
+    case SP_USERABORT:
+        return ERROR_PRINT_CANCELLED;
+    default:
+        return lastError == ERROR_SUCCESS ? ERROR_GEN_FAILURE : lastError;
+    }
+}
+
 } // namespace
 
 WindowsPrintDevice::WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomic<bool>> givenUp,
                                        const std::optional<PrintPage>& page)
-    : hdc_(hdc), page_(page.value_or(PageOf(hdc))), givenUp_(std::move(givenUp)),
-      starter_([](HDC printer, const DOCINFOW& document) { return StartDocW(printer, &document); }) {
-    const std::wstring face = JapaneseFace(hdc);
-    const LOGFONTW body = FontOfPoints(face, kBodyPoints, page_.dpiY);
-    const LOGFONTW title = FontOfPoints(face, kTitlePoints, page_.dpiY);
-    body_.reset(CreateFontIndirectW(&body));
-    title_.reset(CreateFontIndirectW(&title));
+    : hdc_(hdc), page_(page.value_or(PageOf(hdc))), givenUp_(std::move(givenUp)) {
+    LOGFONTW font = JapaneseFont(hdc, kFaces);
+    const auto ofPoints = [&](int points) {
+        font.lfHeight = -MulDiv(points, page_.dpiY, kPointsPerInch);
+        return Font(CreateFontIndirectW(&font));
+    };
+    body_ = ofPoints(kBodyPoints);
+    title_ = ofPoints(kTitlePoints);
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, RGB(0, 0, 0));
 }
@@ -147,12 +88,13 @@ PrintExtent WindowsPrintDevice::Extent(const std::wstring& text, PrintFont font)
     return {static_cast<int>(size.cx), static_cast<int>(size.cy)};
 }
 
-bool WindowsPrintDevice::Checked(bool succeeded) {
-    if (!succeeded && error_ == 0) {
-        const DWORD error = GetLastError();
-        error_ = error == ERROR_SUCCESS ? ERROR_GEN_FAILURE : error;
+template <class Call> bool WindowsPrintDevice::Succeeds(const Call& call) {
+    SetLastError(ERROR_SUCCESS);
+    const int answer = call();
+    if (answer <= 0 && error_ == 0) {
+        error_ = ErrorOf(answer, GetLastError());
     }
-    return succeeded;
+    return answer > 0;
 }
 
 bool WindowsPrintDevice::StartDocument(const std::wstring& name) {
@@ -165,7 +107,7 @@ bool WindowsPrintDevice::StartDocument(const std::wstring& name) {
     document.cbSize = sizeof document;
     document.lpszDocName = name.c_str();
     document.lpszOutput = output_.empty() ? nullptr : output_.c_str();
-    const bool started = Checked(starter_(hdc_.get(), document) > 0);
+    const bool started = Succeeds([&] { return StartDocW(hdc_.get(), &document); });
     if (!started) {
         GivenUpOfThisThread() = nullptr; // no document will be ended
     }
@@ -173,18 +115,18 @@ bool WindowsPrintDevice::StartDocument(const std::wstring& name) {
 }
 
 bool WindowsPrintDevice::StartPage() {
-    return !GivenUp() && Checked(::StartPage(hdc_.get()) > 0);
+    return !GivenUp() && Succeeds([&] { return ::StartPage(hdc_.get()); });
 }
 
 bool WindowsPrintDevice::EndPage() {
-    return Checked(::EndPage(hdc_.get()) > 0) && error_ == 0 && !GivenUp();
+    return Succeeds([&] { return ::EndPage(hdc_.get()); }) && error_ == 0 && !GivenUp();
 }
 
 bool WindowsPrintDevice::EndDocument() {
     if (GivenUp()) {
         return false;
     }
-    const bool ended = Checked(EndDoc(hdc_.get()) > 0);
+    const bool ended = Succeeds([&] { return EndDoc(hdc_.get()); });
     GivenUpOfThisThread() = nullptr;
     return ended;
 }
@@ -196,7 +138,7 @@ void WindowsPrintDevice::Abort() {
 
 void WindowsPrintDevice::Text(int x, int y, const std::wstring& text, PrintFont font) {
     const Selected selected(hdc_.get(), FontFor(font));
-    Checked(TextOutW(hdc_.get(), x, y, text.data(), static_cast<int>(text.size())) != FALSE);
+    (void)Succeeds([&] { return TextOutW(hdc_.get(), x, y, text.data(), static_cast<int>(text.size())); });
 }
 
 void WindowsPrintDevice::Frame(const PrintRect& frame) {
@@ -207,7 +149,8 @@ void WindowsPrintDevice::Frame(const PrintRect& frame) {
     const int down = thickness(page_.dpiY);
     const auto fill = [&](int left, int top, int right, int bottom) {
         const RECT bar{left, top, right, bottom};
-        Checked(FillRect(hdc_.get(), &bar, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))) != 0);
+        (void)Succeeds(
+            [&] { return FillRect(hdc_.get(), &bar, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))); });
     };
     fill(frame.left, frame.top, frame.right, frame.top + down);
     fill(frame.left, frame.bottom - down, frame.right, frame.bottom);

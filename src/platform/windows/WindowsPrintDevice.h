@@ -6,18 +6,13 @@
 #include <windows.h>
 
 #include <atomic>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 /// A device context of a printer (or of anything else that can be drawn on, for a look at the page).
 class WindowsPrintDevice final : public PrintDevice {
 public:
-    /// StartDocW, or somebody who calls it on another thread.
-    using DocumentStarter = std::function<int(HDC, const DOCINFOW&)>;
-
     /// Takes the context. `givenUp` is asked while the printer works. `page`: what the context is a picture of,
     /// where it is no printer's.
     WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomic<bool>> givenUp,
@@ -25,7 +20,6 @@ public:
 
     /// The document goes to this file or port instead of the printer's own.
     void OutputTo(const std::wstring& output) { output_ = output; }
-    void StartDocumentBy(DocumentStarter starter) { starter_ = std::move(starter); }
     /// The face in use: "ＭＳ ゴシック", or another one with Japanese characters.
     [[nodiscard]] std::wstring FaceName() const;
     /// What GetLastError said of the first call that failed; 0: none did.
@@ -44,13 +38,12 @@ public:
 private:
     [[nodiscard]] HFONT FontFor(PrintFont font) const;
     [[nodiscard]] bool GivenUp() const { return *givenUp_; }
-    /// Passes on whether a call went well.
-    bool Checked(bool succeeded);
+    /// Calls the system, and remembers why it failed. For calls that answer a number, at most 0 is failure.
+    template <class Call> bool Succeeds(const Call& call);
 
     MemoryDc hdc_;
     PrintPage page_;
     std::shared_ptr<const std::atomic<bool>> givenUp_;
-    DocumentStarter starter_;
     std::wstring output_;
     Font body_;
     Font title_;

@@ -1,0 +1,172 @@
+#include "platform/windows/JapaneseFont.h"
+#include "platform/windows/KernelHandle.h"
+#include "platform/windows/WindowsPrintDevice.h"
+
+#include <windows.h>
+
+#include <winspool.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// Under Wine the files lie on the drive that stands for the root of the file system.
+std::wstring OnDriveZ(const char* unixPath) {
+    std::wstring path = L"Z:" + std::filesystem::path(unixPath).wstring();
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
+}
+
+void RunInstaller(const std::wstring& arguments) {
+    std::wstring line =
+        L'"' + OnDriveZ(QLB_INSTALL_PRINTER_PATH) + L"\" \"" + OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                               &started));
+    const KernelHandle process(started.hProcess);
+    const KernelHandle thread(started.hThread);
+    DWORD code = EXIT_FAILURE;
+    ASSERT_EQ(WaitForSingleObject(process.get(), 60000), WAIT_OBJECT_0);
+    GetExitCodeProcess(process.get(), &code);
+    ASSERT_EQ(code, DWORD{EXIT_SUCCESS});
+}
+
+/// A PostScript printer that prints into a file.
+class Printer : public testing::Test {
+protected:
+    static void SetUpTestSuite() { RunInstaller(L"FILE:"); }
+    static void TearDownTestSuite() { RunInstaller(L"x /remove"); }
+
+    Printer() : file_(std::filesystem::temp_directory_path() / L"qlbutl-printout.ps") {
+        std::filesystem::remove(file_);
+        device.OutputTo(file_.wstring());
+    }
+    ~Printer() override {
+        std::error_code none;
+        std::filesystem::remove(file_, none);
+    }
+
+    static HDC Open() {
+        const HDC hdc = CreateDCW(L"WINSPOOL", L"Test Printer", nullptr, nullptr);
+        EXPECT_NE(hdc, nullptr);
+        return hdc;
+    }
+    [[nodiscard]] std::string Output() const {
+        std::ostringstream text;
+        text << std::ifstream(file_, std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+    std::filesystem::path file_;
+    std::shared_ptr<std::atomic<bool>> givenUp = std::make_shared<std::atomic<bool>>(false);
+    WindowsPrintDevice device{Open(), givenUp};
+};
+
+TEST_F(Printer, PrintsADocument) {
+    ASSERT_TRUE(device.StartDocument(L"Settings"));
+    ASSERT_TRUE(device.StartPage());
+    device.Frame({100, 100, 500, 300});
+    device.Text(150, 150, L"ボタン１", PrintFont::Body);
+    ASSERT_TRUE(device.EndPage());
+    ASSERT_TRUE(device.EndDocument());
+    EXPECT_EQ(device.Error(), 0U);
+    const std::string output = Output();
+    EXPECT_THAT(output, StartsWith("%!PS"));
+    EXPECT_THAT(output, HasSubstr("%%Title: Settings"));
+    EXPECT_THAT(output, HasSubstr("%%EOF"));
+}
+
+TEST_F(Printer, TellsTheSizeOfItsPaper) {
+    const PrintPage page = device.Page();
+    // A4 with edges of 14 points.
+    EXPECT_EQ(page.dpiX, 300);
+    EXPECT_EQ(page.dpiY, 300);
+    EXPECT_NEAR(page.paperWidth, 210 / 25.4 * 300, 3);
+    EXPECT_NEAR(page.paperHeight, 297 / 25.4 * 300, 3);
+    EXPECT_NEAR(page.offsetX, 14 / 72.0 * 300, 2);
+    EXPECT_NEAR(page.offsetY, 14 / 72.0 * 300, 2);
+    EXPECT_NEAR(page.width, 567 / 72.0 * 300, 3);
+    EXPECT_NEAR(page.height, 814 / 72.0 * 300, 3);
+}
+
+TEST_F(Printer, BeginsNothing_OnceItIsGivenUp) {
+    *givenUp = true;
+    EXPECT_FALSE(device.StartDocument(L"Settings"));
+    EXPECT_EQ(device.Error(), 0U) << "nothing went wrong";
+    EXPECT_THAT(Output(), IsEmpty());
+}
+
+TEST_F(Printer, EndsNoPageAndNoDocument_OnceItIsGivenUp) {
+    ASSERT_TRUE(device.StartDocument(L"Settings"));
+    ASSERT_TRUE(device.StartPage());
+    *givenUp = true;
+    EXPECT_FALSE(device.EndPage());
+    EXPECT_FALSE(device.StartPage());
+    EXPECT_FALSE(device.EndDocument());
+    device.Abort();
+    EXPECT_EQ(Output().find("%%EOF"), std::string::npos);
+}
+
+TEST_F(Printer, SaysWhyADocumentCannotBePrinted) {
+    device.OutputTo((std::filesystem::temp_directory_path() / L"no such folder" / L"x.ps").wstring());
+    EXPECT_FALSE(device.StartDocument(L"Settings") && device.StartPage() && device.EndPage() &&
+                 device.EndDocument());
+    EXPECT_NE(device.Error(), 0U);
+}
+
+TEST_F(Printer, PrintsAgainAfterAnAbort) {
+    ASSERT_TRUE(device.StartDocument(L"First"));
+    ASSERT_TRUE(device.StartPage());
+    device.Abort();
+    WindowsPrintDevice next{Open(), givenUp};
+    next.OutputTo(file_.wstring());
+    ASSERT_TRUE(next.StartDocument(L"Second"));
+    ASSERT_TRUE(next.StartPage());
+    ASSERT_TRUE(next.EndPage());
+    ASSERT_TRUE(next.EndDocument());
+    EXPECT_THAT(Output(), HasSubstr("%%Title: Second"));
+}
+
+class Face : public testing::Test {
+protected:
+    MemoryDc hdc_{CreateCompatibleDC(nullptr)};
+
+    /// Of the font that the system gives for it.
+    [[nodiscard]] bool HasJapanese(const LOGFONTW& logical) const {
+        const Font font(CreateFontIndirectW(&logical));
+        const Selected selected(hdc_.get(), font.get());
+        std::array<WORD, 3> glyphs{};
+        GetGlyphIndicesW(hdc_.get(), L"設定：", 3, glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS);
+        return std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();
+    }
+};
+
+TEST_F(Face, IsThePreferredOneThatHasTheCharacters) {
+    constexpr std::array kFaces = {L"ＭＳ ゴシック", L"MS Gothic"};
+    EXPECT_STREQ(JapaneseFont(hdc_.get(), kFaces).lfFaceName, L"ＭＳ ゴシック");
+}
+
+TEST_F(Face, IsAnotherOneWithTheCharacters_WhereTheSystemHasNoneOfThePreferred) {
+    const LOGFONTW font = JapaneseFont(hdc_.get(), {});
+    EXPECT_STRNE(font.lfFaceName, L"");
+    EXPECT_NE(font.lfFaceName[0], L'@');
+    EXPECT_TRUE(HasJapanese(font));
+}
+
+} // namespace
