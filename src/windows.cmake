@@ -25,6 +25,7 @@ add_library(qlb_ui STATIC
     browse/IconPicture.cpp
     browse/NodeImageList.cpp
     browse/TreeControl.cpp
+    ui/AccessibleButton.cpp
     ui/Controls.cpp
     ui/DialogFont.cpp
     ui/Dpi.cpp
@@ -33,7 +34,8 @@ add_library(qlb_ui STATIC
     ui/MessageWindow.cpp
     ui/PictureButton.cpp
     ui/PictureList.cpp
-    ui/Theme.cpp)
+    ui/Theme.cpp
+    ui/ToolTip.cpp)
 target_link_libraries(qlb_ui PRIVATE qlb_warnings PUBLIC qlb_core qlb_windows comctl32)
 
 # The dialog for one button, and what it shares with others.
@@ -53,13 +55,14 @@ add_executable(QLBUtl WIN32
     dialogs/main/frmMain.cpp
     dialogs/main/frmMainControls.cpp
     dialogs/main/OnScreenPage.cpp
+    dialogs/main/ProgramTips.cpp
     dialogs/patterns/frmManager.cpp
     print/PrintCommand.cpp
     resources/QLBUtl.rc)
 file(GLOB qlb_pictures CONFIGURE_DEPENDS resources/pictures/*.bmp)
 set_source_files_properties(resources/QLBUtl.rc PROPERTIES
     COMPILE_OPTIONS "-c65001"
-    OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
+    OBJECT_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/OwnTexts.inc;${CMAKE_CURRENT_SOURCE_DIR}/resources/resource.h;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.manifest;${CMAKE_CURRENT_SOURCE_DIR}/resources/QLBUtl.ico;${qlb_pictures}")
 target_link_options(QLBUtl PRIVATE -municode)
 target_link_libraries(QLBUtl PRIVATE qlb_register qlb_warnings)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -8,6 +8,7 @@
 #include "print/CQlbPrint.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
 
@@ -132,9 +133,6 @@ protected:
     }
 
 private:
-    /// "Print(&P)" is "Print" where nothing can be pressed.
-    static std::wstring WithoutMnemonic(const std::wstring& text) { return text.substr(0, text.find(L"(&")); }
-
     const StringTable& texts_;
     HANDLE ended_ = nullptr; ///< set when the printer has let go
     std::shared_ptr<std::atomic<bool>> givenUp_ = std::make_shared<std::atomic<bool>>(false);

@@ -219,6 +219,8 @@ TEST_F(Print, AnswersAndShowsAWindow_WhileAPrinterIsSlow) {
             EXPECT_EQ(form.Owner(), Dialog().Hwnd());
             EXPECT_TRUE(form.Control(IDC_cmdCancel).Enabled());
             EXPECT_THAT(form.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
+            EXPECT_EQ(form.FocusedHwnd(), form.Control(IDC_cmdCancel).Hwnd());
+            EXPECT_EQ(UiDriver::Accessible::Of(form.FocusedHwnd()).name, Text(kCancelText));
         }
     }
     WaitUntilDone();
