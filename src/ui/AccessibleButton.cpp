@@ -40,6 +40,7 @@ ComObject<IAccessible> StandardObject(HWND button) {
 // COM's interfaces have no virtual destructors: their objects end themselves.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class AccessibleButton final : public IAccessible {
 public:
     AccessibleButton(HWND button, ComObject<IAccessible> standard, std::wstring (*descriptionOf)(HWND))

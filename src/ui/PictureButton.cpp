@@ -49,7 +49,7 @@ const wchar_t* PictureButton::WindowClass() {
     static const ATOM kRegistered = [] {
         WNDCLASSEXW windowClass = SystemButtonClass();
         windowClass.style &= ~static_cast<UINT>(CS_GLOBALCLASS);
-        windowClass.cbWndExtra += static_cast<int>(sizeof(PictureButton*));
+        windowClass.cbWndExtra += static_cast<int>(sizeof(LONG_PTR));
         windowClass.hInstance = GetModuleHandleW(nullptr);
         windowClass.lpfnWndProc = Procedure;
         windowClass.lpszClassName = kClass;

@@ -6,9 +6,10 @@
 #include "platform/windows/Worker.h"
 
 #include <atomic>
+#include <utility>
 
 struct ProgramTips::Question {
-    explicit Question(const ButtonSlot& about) : slot(about) {}
+    explicit Question(ButtonSlot about) : slot(std::move(about)) {}
 
     const ButtonSlot slot;
     std::wstring text; ///< for the thread alone until it is answered

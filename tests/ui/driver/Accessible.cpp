@@ -65,7 +65,9 @@ bool IsNamedByLabel(HWND hwnd) {
 std::wstring LabelBefore(HWND hwnd) {
     for (HWND each = GetWindow(hwnd, GW_HWNDPREV); each != nullptr; each = GetWindow(each, GW_HWNDPREV)) {
         if ((Send(each, WM_GETDLGCODE) & DLGC_STATIC) != 0) {
-            return TextOf(each);
+            std::wstring label = TextOf(each);
+            std::erase(label, L'&'); // the mark of the access key
+            return label;
         }
         const LONG_PTR style = GetWindowLongPtrW(each, GWL_STYLE);
         if ((style & WS_VISIBLE) != 0 && (style & (WS_GROUP | WS_TABSTOP)) != 0) {
