@@ -134,7 +134,7 @@ class ManagerAccess : public PatternManagerUse {};
 
 TEST_F(ManagerAccess, TabVisitsAllThatHasANameInItsOrder) {
     StartManager();
-    List().ClickItem(1); // the current pattern can't be deleted
+    List().Choose(1); // the current pattern can't be deleted
     AwaitDelete(true);
     EXPECT_THAT(IdsOf(Walk(Manager(), "manager")), ElementsAre(IDC_lstUserList, IDC_cmdAdd, IDC_cmdDelete,
                                                                IDC_cmdCopy, IDC_cmdRename, IDC_cmdClose));
