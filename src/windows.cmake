@@ -26,6 +26,7 @@ add_library(qlb_ui STATIC
     browse/IconPicture.cpp
     browse/NodeImageList.cpp
     browse/TreeControl.cpp
+    ui/AccessibleButton.cpp
     ui/Controls.cpp
     ui/DialogFont.cpp
     ui/Dpi.cpp
@@ -34,7 +35,8 @@ add_library(qlb_ui STATIC
     ui/MessageWindow.cpp
     ui/PictureButton.cpp
     ui/PictureList.cpp
-    ui/Theme.cpp)
+    ui/Theme.cpp
+    ui/ToolTip.cpp)
 target_link_libraries(qlb_ui PRIVATE qlb_warnings PUBLIC qlb_core qlb_windows comctl32)
 
 # The dialog for one button, and what it shares with others.
@@ -70,7 +72,7 @@ function(qlb_add_resources target)
     target_sources(${target} PRIVATE ${folder}/QLBUtl.rc)
     set_source_files_properties(${folder}/QLBUtl.rc PROPERTIES
         COMPILE_OPTIONS "-c65001;-I${generated}"
-        OBJECT_DEPENDS "${folder}/StringTable.inc;${folder}/resource.h;${folder}/QLBUtl.ico;${generated}/Version.rc;${generated}/QLBUtl.manifest;${pictures}")
+        OBJECT_DEPENDS "${folder}/StringTable.inc;${folder}/OwnTexts.inc;${folder}/resource.h;${folder}/QLBUtl.ico;${generated}/Version.rc;${generated}/QLBUtl.manifest;${pictures}")
 endfunction()
 
 add_executable(QLBUtl WIN32
@@ -79,6 +81,7 @@ add_executable(QLBUtl WIN32
     dialogs/main/frmMain.cpp
     dialogs/main/frmMainControls.cpp
     dialogs/main/OnScreenPage.cpp
+    dialogs/main/ProgramTips.cpp
     dialogs/patterns/frmManager.cpp
     print/PrintCommand.cpp
     print/PrinterChoice.cpp

@@ -94,9 +94,20 @@ enum TextOffset : int {
     kTextWizardFnKey1 = 276, ///< ... kTextWizardFnKey1 + 4
     kTextSourceTab1 = 290,   ///< ... kTextSourceTab1 + 4
     kTextIeFavorites = 292,
+    kTextShortcutKey = 294,
     kTextWizardSource1 = 295, ///< ... kTextWizardSource1 + 4
     kTextWizardLabelled = 300,
     kTextInternetShortcut = 301,
+    // What only screen readers say.
+    kTextSingle = 1000,
+    kTextSequential = 1001,
+    kTextSimultaneous = 1002,
+    kTextListSeparator = 1003,
+    kTextOneProgram = 1004,
+    kTextSomeNumberOfPrograms = 1005,
+    kTextNoProgram = 1006,
+    kTextPages = 1007,
+    kTextProgramSources = 1008,
 };
 
 /// The program's texts in the one language that the system picked.

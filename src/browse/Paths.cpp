@@ -38,6 +38,11 @@ std::vector<std::wstring> SplitPath(std::wstring_view path) {
     }
 }
 
+std::wstring LastPart(std::wstring_view path) {
+    const std::size_t separator = path.rfind(L'\\');
+    return std::wstring(separator == std::wstring_view::npos ? path : path.substr(separator + 1));
+}
+
 std::wstring WithoutExtension(std::wstring_view name) {
     return std::wstring(name.substr(0, name.rfind(L'.')));
 }

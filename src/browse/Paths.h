@@ -19,6 +19,9 @@
 /// The parts between "\", empty ones included.
 [[nodiscard]] std::vector<std::wstring> SplitPath(std::wstring_view path);
 
+/// What follows the last "\"; all of it without one.
+[[nodiscard]] std::wstring LastPart(std::wstring_view path);
+
 /// What stands before the last "."; all of it without one.
 [[nodiscard]] std::wstring WithoutExtension(std::wstring_view name);
 

@@ -5,6 +5,7 @@
 #include "platform/windows/Worker.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 
 #include <commctrl.h>
@@ -18,11 +19,6 @@ constexpr UINT_PTR kTimer = 1;
 constexpr UINT kTimerMs = 250;
 /// How long a printer that was given up has for an orderly end.
 constexpr DWORD kLettingGoMs = 3000;
-
-/// "Print(&P)" is "Print" where nothing can be pressed.
-std::wstring WithoutMnemonic(const std::wstring& text) {
-    return text.substr(0, text.find(L"(&"));
-}
 
 } // namespace
 

@@ -75,6 +75,11 @@
 #define IDC_lstSortList 1105
 #define IDC_picIcon 1106
 #define IDC_tabMenu 1107
+#define IDC_lblTreeView0 1300
+#define IDC_lblTreeView1 1301
+#define IDC_lblTreeView2 1302
+#define IDC_lblListBox0 1303
+#define IDC_lblListBox1 1304
 #define IDC_fraExecMethod 1110
 #define IDC_optExecMethod0 1111
 #define IDC_optExecMethod1 1112

@@ -150,6 +150,23 @@ std::wstring CutAtNul(std::wstring_view text) {
     return std::wstring(text.substr(0, text.find(L'\0')));
 }
 
+std::wstring WithoutMnemonic(std::wstring_view text) {
+    constexpr std::size_t kAppended = 4; // "(&X)"
+    std::wstring result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::wstring_view rest = text.substr(i, kAppended);
+        if (rest.size() == kAppended && rest.substr(0, 2) == L"(&" && rest[2] != L'&' && rest[3] == L')') {
+            i += kAppended - 1;
+            continue;
+        }
+        if (text[i] == L'&' && ++i == text.size()) {
+            break;
+        }
+        result += text[i];
+    }
+    return result;
+}
+
 std::wstring TrimBlanks(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(L' ');
     if (first == std::wstring_view::npos) {

@@ -25,6 +25,10 @@
 /// beyond 32 signed bits stay at the nearest limit.
 [[nodiscard]] std::int32_t LeadingNumber(std::wstring_view text);
 
+/// A control's text as it reads: without the mark of its access key, and without the "(&X)" that stands for a
+/// key which the words don't have.
+[[nodiscard]] std::wstring WithoutMnemonic(std::wstring_view text);
+
 /// True when the text is numeric and min <= value <= max.
 [[nodiscard]] bool IsNumericInRange(std::wstring_view text, std::int32_t min, std::int32_t max);
 

@@ -155,9 +155,10 @@ HWND Form::AddPage(const std::wstring& name) {
     return page;
 }
 
-HWND Form::AddFrame(int id) {
+HWND Form::AddFrame(int id, const std::wstring& name) {
     const HWND frame = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc, 0);
     if (frame != nullptr) {
+        SetWindowTextW(frame, name.c_str());
         SetWindowLongPtrW(frame, GWLP_ID, id);
         controls_.emplace(id, frame);
     }

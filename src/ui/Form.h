@@ -65,8 +65,9 @@ protected:
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
     /// the form's other controls and comes first in the tab order.
     HWND AddPage(const std::wstring& name);
-    /// A hidden child dialog with an id, for controls that come and go together; anywhere on the form.
-    HWND AddFrame(int id);
+    /// A hidden child dialog with an id, for controls that come and go together; anywhere on the form. Screen
+    /// readers say its name.
+    HWND AddFrame(int id, const std::wstring& name);
     /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
     HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});
 

@@ -1,11 +1,15 @@
 #include "ui/PictureButton.h"
 
+#include "ui/AccessibleButton.h"
 #include "ui/Dpi.h"
 #include "ui/Theme.h"
 
 #include <commctrl.h>
 
+#include <array>
 #include <bit>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -13,7 +17,22 @@ constexpr int kPicturePixels = 48;
 /// Room for the focus ring around the picture.
 constexpr int kMarginPixels = 4;
 constexpr int kRingPixels = 2;
-constexpr UINT_PTR kSubclassId = 1;
+constexpr const wchar_t* kClass = L"QLBUtlPicture";
+
+const WNDCLASSEXW& SystemButtonClass() {
+    static const WNDCLASSEXW kButton = [] {
+        WNDCLASSEXW windowClass{};
+        windowClass.cbSize = sizeof windowClass;
+        GetClassInfoExW(nullptr, WC_BUTTONW, &windowClass);
+        return windowClass;
+    }();
+    return kButton;
+}
+
+/// Where a window of ours keeps the object it belongs to: behind what the system's button keeps.
+int OwnBytes() {
+    return SystemButtonClass().cbWndExtra;
+}
 
 void PaintBackground(HWND button, HDC hdc, const RECT& area) {
     const HWND parent = GetParent(button);
@@ -25,14 +44,28 @@ void PaintBackground(HWND button, HDC hdc, const RECT& area) {
 
 } // namespace
 
+const wchar_t* PictureButton::WindowClass() {
+    // A class of our own costs less than changing the procedure of every window.
+    static const ATOM kRegistered = [] {
+        WNDCLASSEXW windowClass = SystemButtonClass();
+        windowClass.style &= ~static_cast<UINT>(CS_GLOBALCLASS);
+        windowClass.cbWndExtra += static_cast<int>(sizeof(LONG_PTR));
+        windowClass.hInstance = GetModuleHandleW(nullptr);
+        windowClass.lpfnWndProc = Procedure;
+        windowClass.lpszClassName = kClass;
+        return RegisterClassExW(&windowClass);
+    }();
+    return kRegistered != 0 ? kClass : WC_BUTTONW;
+}
+
 PictureButton::PictureButton(HWND button, PictureList& pictures, MouseEvents events)
     : button_(button), pictures_(pictures), events_(std::move(events)) {
-    SetWindowSubclass(button_, Subclass, kSubclassId, std::bit_cast<DWORD_PTR>(this));
+    SetWindowLongPtrW(button_, OwnBytes(), std::bit_cast<LONG_PTR>(this));
 }
 
 PictureButton::~PictureButton() {
     if (button_ != nullptr) {
-        RemoveWindowSubclass(button_, Subclass, kSubclassId);
+        SetWindowLongPtrW(button_, OwnBytes(), 0);
     }
 }
 
@@ -71,35 +104,64 @@ void PictureButton::Draw(const DRAWITEMSTRUCT& item) const {
     BitBlt(item.hDC, area.left, area.top, size, size, buffer.get(), 0, 0, SRCCOPY);
 }
 
-LRESULT CALLBACK PictureButton::Subclass(HWND button, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR /*id*/, DWORD_PTR self) noexcept {
-    auto* picture = std::bit_cast<PictureButton*>(self);
+void PictureButton::Describe(const std::wstring& description) {
+    if (description_ != description) {
+        description_ = description;
+        TellDescriptionChanged(button_);
+    }
+}
+
+PictureButton* PictureButton::Of(HWND button) {
+    return std::bit_cast<PictureButton*>(GetWindowLongPtrW(button, OwnBytes()));
+}
+
+std::wstring PictureButton::DescriptionOf(HWND button) {
+    // A screen reader may ask when the button is gone, and another window has its number.
+    std::array<wchar_t, 32> name{};
+    GetClassNameW(button, name.data(), static_cast<int>(name.size()));
+    const PictureButton* picture = std::wstring_view(name.data()) == kClass ? Of(button) : nullptr;
+    return picture == nullptr ? std::wstring() : picture->description_;
+}
+
+LRESULT CALLBACK PictureButton::Procedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (PictureButton* picture = Of(button); picture != nullptr) {
+        if (const auto result = picture->OnMessage(message, wParam, lParam)) {
+            return *result;
+        }
+    }
+    return CallWindowProcW(SystemButtonClass().lpfnWndProc, button, message, wParam, lParam);
+}
+
+std::optional<LRESULT> PictureButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_GETDLGCODE:
         // The system leaves this out for buttons that draw themselves; Enter would press OK instead of this
         // one.
-        return DLGC_BUTTON | (picture->isDefault_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+        return DLGC_BUTTON | (isDefault_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
     case BM_SETSTYLE:
         // Passed on, it would take the owner drawing away.
-        picture->isDefault_ = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+        isDefault_ = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
         return 0;
     case WM_MOUSEMOVE: {
-        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, button, 0};
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, button_, 0};
         TrackMouseEvent(&track);
-        picture->events_.over();
-        break;
+        events_.over();
+        return std::nullopt;
     }
     case WM_MOUSELEAVE:
-        picture->events_.left();
-        break;
+        events_.left();
+        return std::nullopt;
     case WM_ERASEBKGND:
         return 1; // Draw covers all of it
-    case WM_NCDESTROY:
-        RemoveWindowSubclass(button, Subclass, kSubclassId);
-        picture->button_ = nullptr;
-        break;
-    default:
-        break;
+    case WM_GETOBJECT: {
+        const LRESULT answer = AnswerScreenReader(button_, wParam, lParam, DescriptionOf);
+        return answer == 0 ? std::nullopt : std::optional(answer);
     }
-    return DefSubclassProc(button, message, wParam, lParam);
+    case WM_NCDESTROY:
+        SetWindowLongPtrW(button_, OwnBytes(), 0);
+        button_ = nullptr;
+        return std::nullopt;
+    default:
+        return std::nullopt;
+    }
 }

@@ -214,6 +214,8 @@ TEST_F(Print, AnswersAndShowsAWindow_WhileAPrinterIsSlow) {
     EXPECT_EQ(waiting.Owner(), Dialog().Hwnd());
     EXPECT_TRUE(waiting.Control(IDC_cmdCancel).Enabled());
     EXPECT_THAT(waiting.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
+    EXPECT_EQ(waiting.FocusedHwnd(), waiting.Control(IDC_cmdCancel).Hwnd());
+    EXPECT_EQ(UiDriver::Accessible::Of(waiting.FocusedHwnd()).name, Text(kCancelText));
     WaitUntilDone();
     EXPECT_EQ(PagesOf(Printout()), 1U);
     ExpectUsable();

@@ -126,6 +126,24 @@ TEST(StringTableTest, EndsInABlankWhereANumberFollows) {
     }
 }
 
+TEST(OwnTextsTest, StandBehindTheTableInBothLanguages) {
+    constexpr int kFirstOwn = 4000;
+    const FakeStrings english(Language::English);
+    const FakeStrings japanese(Language::Japanese);
+    for (const auto& [id, englishText, japaneseText] : {
+#define QLB_STRING(id, english, japanese) Row{id, L##english, L##japanese},
+#include "resources/OwnTexts.inc"
+#undef QLB_STRING
+         }) {
+        EXPECT_GE(id, kFirstOwn);
+        EXPECT_NE(englishText, japaneseText) << id;
+        EXPECT_TRUE(IsAscii(englishText)) << id;
+        EXPECT_EQ(Count(englishText, L"%d"), Count(japaneseText, L"%d")) << id;
+        EXPECT_EQ(english.Load(id), englishText);
+        EXPECT_EQ(japanese.Load(id), japaneseText);
+    }
+}
+
 struct KnownText {
     int id;
     const wchar_t* english;

@@ -1,6 +1,7 @@
 #include "dialogs/main/frmMain.h"
 
 #include "app/Help.h"
+#include "dialogs/main/ButtonDescription.h"
 #include "dialogs/patterns/frmManager.h"
 #include "dialogs/register/frmSetAp.h"
 #include "dialogs/wizard/WizardButtons.h"
@@ -19,6 +20,7 @@
 namespace {
 
 constexpr UINT kSwitchPatternMessage = WM_APP + 1;
+constexpr UINT kProgramNamesMessage = WM_APP + 2;
 
 StringTable TextsWithGlobalsReset(const StringSource& strings) {
     ResetGlobals(strings);
@@ -35,7 +37,7 @@ frmMain::frmMain(const Platform& platform)
     : platform_(platform), texts_(TextsWithGlobalsReset(platform.strings)),
       store_(platform.registry, platform.profileFiles, platform.ansiText, Globals().IniFileName),
       fonts_(Globals().DialogFontName), launcher_(platform.windows), settings_(store_, launcher_, fonts_),
-      onScreenPage_(*this, settings_, fonts_, texts_) {}
+      onScreenPage_(*this, settings_, fonts_, texts_), tips_(platform, store_, kProgramNamesMessage) {}
 
 bool frmMain::Load(std::wstring_view commandLine) {
     if (!startUp_.ParseCommandLine(commandLine, store_, platform_.instanceGuard, platform_.windows, texts_)) {
@@ -180,7 +182,24 @@ void frmMain::ShowPictures(const std::vector<int>& buttons) {
         const PictureState pressed{.pressed = true, .hovered = false};
         placed.picture->Show(PictureNumber(switches, button, picture, rest),
                              PictureNumber(switches, button, picture, pressed));
+        placed.picture->Describe(ButtonDescription(picture, settings_.Slot(button), texts_));
     }
+}
+
+void frmMain::EnterPicture(int button) {
+    ShowPictures(hover_.MoveOver(button));
+    tips_.Enter(Window(), Control(IDC_picButton0 + button - 1), settings_.Slot(button),
+                {TextFont().Handle(), Dpi()});
+}
+
+void frmMain::LeavePicture(int button) {
+    ShowPictures(hover_.Leave(button));
+    tips_.Leave(Control(IDC_picButton0 + button - 1));
+}
+
+bool frmMain::OnMouseMessage(const MSG& message) {
+    tips_.Relay(message);
+    return false;
 }
 
 void frmMain::OnMouseOverPage() {
@@ -277,6 +296,10 @@ void frmMain::ChoosePattern(int box, int notification) {
 }
 
 bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+    if (message == kProgramNamesMessage) {
+        tips_.OnAnswer();
+        return true;
+    }
     if (message != kSwitchPatternMessage) {
         return false;
     }

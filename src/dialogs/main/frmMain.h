@@ -7,6 +7,7 @@
 #include "dialogs/main/EnumFont.h"
 #include "dialogs/main/MainSettings.h"
 #include "dialogs/main/OnScreenPage.h"
+#include "dialogs/main/ProgramTips.h"
 #include "settings/RegIniFunc.h"
 #include "ui/Form.h"
 #include "ui/PictureButton.h"
@@ -44,6 +45,7 @@ protected:
     bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnKeyDown(WPARAM key) override;
     bool OnMouseWheel(HWND control) override;
+    bool OnMouseMessage(const MSG& message) override;
 
 private:
     struct Page {
@@ -72,6 +74,8 @@ private:
     void ShowSavedNames();
     void ShowButton(int button);
     void ShowPictures(const std::vector<int>& buttons);
+    void EnterPicture(int button);
+    void LeavePicture(int button);
 
     void SelectPage(int tabIndex);
     void TurnPage(int step);
@@ -105,6 +109,7 @@ private:
     std::vector<PlacedPicture> pictures_;
     std::array<std::wstring, kMaxButtons> labels_;
     ButtonHover hover_;
+    ProgramTips tips_;
     int editedButton_ = 0; ///< 1...8 while its dialog is open: its picture stays pressed
     bool filling_ = false; ///< the form itself changes its controls
     bool switchPending_ = false;

@@ -92,7 +92,8 @@ void frmMain::OnCreate() {
     }
     pages_.push_back({MainPage::OnScreen, nullptr});
     CreateDialogButtons();
-    const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}});
+    const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}},
+                                texts_.ResText(kTextPages));
     const auto captions = PageCaptions(store_, texts_);
     for (std::size_t i = 0; i < pages_.size(); ++i) {
         std::wstring caption = WithoutAccessKeys(captions.at(static_cast<std::size_t>(pages_[i].kind)));
@@ -170,15 +171,14 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
     const int index = button - 1;
     const ButtonPlaces places =
         settings_.Switches().NR1t2 == 1 ? PlaceInColumn(indexOnPage) : PlaceInRow(indexOnPage);
-    const HWND picture =
-        AddControl(page, {IDC_picButton0 + index, WC_BUTTONW, BS_OWNERDRAW | kTabStop | kGroup, {}},
-                   WithoutAccessKeys(label));
-    pictures_.push_back(
-        {button, places.pictureCentre,
-         std::make_unique<PictureButton>(
-             picture, imlResource_,
-             PictureButton::MouseEvents{[this, button] { ShowPictures(hover_.MoveOver(button)); },
-                                        [this, button] { ShowPictures(hover_.Leave(button)); }})});
+    const HWND picture = AddControl(
+        page, {IDC_picButton0 + index, PictureButton::WindowClass(), BS_OWNERDRAW | kTabStop | kGroup, {}},
+        WithoutAccessKeys(label));
+    pictures_.push_back({button, places.pictureCentre,
+                         std::make_unique<PictureButton>(
+                             picture, imlResource_,
+                             PictureButton::MouseEvents{[this, button] { EnterPicture(button); },
+                                                        [this, button] { LeavePicture(button); }})});
     AddControl(page,
                {IDC_lblButtonName0 + index, WC_STATICW,
                 places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS | kGroup, places.label},

@@ -2,21 +2,13 @@
 
 #include "browse/Paths.h"
 #include "dialogs/register/ProgramSources.h"
+#include "dialogs/register/ShownPrograms.h"
 #include "platform/FileSystem.h"
 #include "settings/GlobalValue.h"
 #include "settings/StdModule.h"
 
 #include <algorithm>
 #include <utility>
-
-namespace {
-
-std::wstring LastPart(const std::wstring& path) {
-    const std::size_t separator = path.rfind(L'\\');
-    return separator == std::wstring::npos ? path : path.substr(separator + 1);
-}
-
-} // namespace
 
 PickedItem PickedPath(const std::wstring& path) {
     const std::wstring key = WithoutTrailingBackslash(path);
@@ -51,12 +43,7 @@ bool ButtonSlotEditor::IsMethodLocked() const {
 void ButtonSlotEditor::Show() {
     Globals().MediaCenterPicked = false;
     if (Method() == LaunchMethod::ShortcutKey) {
-        for (const ShortcutKeyRow& row : surroundings_.sources.ShortcutKeys()) {
-            if (std::to_wstring(row.keyCode) == slot_.AP(1)) {
-                shown_[0] = row.name;
-                break;
-            }
-        }
+        shown_[0] = ShownKey(slot_, surroundings_.sources.ShortcutKeys());
         return;
     }
     if (Method() == LaunchMethod::Single && !slot_.Title(1).empty() && slot_.AP(2).empty()) {
@@ -64,7 +51,7 @@ void ButtonSlotEditor::Show() {
         return;
     }
     for (int slot = 0; slot < kSlots; ++slot) {
-        shown_.at(Index(slot)) = TextOfSlot(slot);
+        shown_.at(Index(slot)) = ShownProgram(slot_, slot + 1, surroundings_.files);
     }
 }
 
@@ -78,18 +65,6 @@ void ButtonSlotEditor::ShowMediaCenterItem() {
             return;
         }
     }
-}
-
-std::wstring ButtonSlotEditor::TextOfSlot(int slot) const {
-    if (!slot_.Title(slot + 1).empty()) {
-        return slot_.Title(slot + 1);
-    }
-    const std::wstring& command = slot_.AP(slot + 1);
-    if (command.empty()) {
-        return {};
-    }
-    const std::wstring name = LastPart(command);
-    return IsFolder(surroundings_.files, command) ? name : WithoutExtension(name);
 }
 
 void ButtonSlotEditor::ChooseOption(int option) {

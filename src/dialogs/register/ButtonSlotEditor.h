@@ -79,7 +79,6 @@ private:
 
     void Show();
     void ShowMediaCenterItem();
-    [[nodiscard]] std::wstring TextOfSlot(int slot) const;
     void ReleaseMethod();
     void Place(int slot, const PickedItem& item);
     void PlaceTreeItem(int slot, const PickedItem& item);

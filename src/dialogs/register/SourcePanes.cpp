@@ -22,13 +22,14 @@ constexpr DWORD kListStyle = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS
 struct Pane {
     ProgramSource source;
     int id;
+    int labelId;
 };
 constexpr std::array<Pane, kProgramSourceCount> kPanes{{
-    {ProgramSource::StartMenu, IDC_tvTreeView0},
-    {ProgramSource::MediaCenter, IDC_lstListBox0},
-    {ProgramSource::IeFavorites, IDC_tvTreeView1},
-    {ProgramSource::AllFiles, IDC_tvTreeView2},
-    {ProgramSource::ShortcutKey, IDC_lstListBox1},
+    {ProgramSource::StartMenu, IDC_tvTreeView0, IDC_lblTreeView0},
+    {ProgramSource::MediaCenter, IDC_lstListBox0, IDC_lblListBox0},
+    {ProgramSource::IeFavorites, IDC_tvTreeView1, IDC_lblTreeView1},
+    {ProgramSource::AllFiles, IDC_tvTreeView2, IDC_lblTreeView2},
+    {ProgramSource::ShortcutKey, IDC_lstListBox1, IDC_lblListBox1},
 }};
 
 void AddRow(HWND list, const std::wstring& text, LPARAM data) {
@@ -58,13 +59,15 @@ void SourcePanes::CreateControls(const AddControl& add, UINT dpi) {
     const std::wstring internetShortcut = texts_.ResText(kTextInternetShortcut);
     for (const Pane& pane : kPanes) {
         const bool list = IsList(pane.source);
+        // Never seen: what stands before a tree or list is its name for screen readers.
+        const HWND label = add({pane.labelId, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}});
+        SetTextOf(label, texts_.ResText(kTextSourceTab1 + static_cast<int>(pane.source)));
+        ShowWindow(label, SW_HIDE);
         const HWND control = add({pane.id,
                                   list ? WC_LISTBOXW : WC_TREEVIEWW,
                                   list ? kListStyle : kTreeStyle,
                                   {},
                                   WS_EX_CLIENTEDGE});
-        // No label stands before it: this is what a screen reader says.
-        SetTextOf(control, texts_.ResText(kTextSourceTab1 + static_cast<int>(pane.source)));
         ShowWindow(control, SW_HIDE);
         controls_.at(IndexOf(pane.source)) = control;
         if (!list) {

@@ -74,8 +74,7 @@ private:
     void AskForParameter(int slot);
     void Accept();
 
-    static LRESULT CALLBACK SlotProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                          DWORD_PTR self) noexcept;
+    static LRESULT CALLBACK SlotProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
     const Platform& platform_;
     const StringTable& texts_;

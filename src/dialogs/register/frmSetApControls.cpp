@@ -34,7 +34,16 @@ constexpr int kButtonHeight = 14;
 constexpr int kButtonGap = 4;
 constexpr int kClientWidth = kRight + kRightWidth + kMargin;
 constexpr int kClientHeight = kMargin + kTabHeight + kMargin;
-constexpr UINT_PTR kSlotSubclass = 1;
+
+WNDPROC SystemEditProcedure() {
+    static const WNDPROC kProcedure = [] {
+        WNDCLASSEXW edit{};
+        edit.cbSize = sizeof edit;
+        GetClassInfoExW(nullptr, WC_EDITW, &edit);
+        return edit.lpfnWndProc;
+    }();
+    return kProcedure;
+}
 
 } // namespace
 
@@ -42,7 +51,6 @@ void frmSetAp::OnCreate() {
     SetTextOf(Window(), texts_.ResText(kTextProgramRegistration));
     panes_.CreateControls([this](const ControlRow& row) { return AddControl(Window(), row); }, Dpi());
     LoadSources();
-    CreateTabs();
     CreateMethodControls();
     CreateSlotControls();
     const int buttonTop = kMargin + kTabHeight - kButtonHeight;
@@ -59,16 +67,19 @@ void frmSetAp::OnCreate() {
                 BS_PUSHBUTTON | WS_TABSTOP | WS_GROUP,
                 {cancelLeft, buttonTop, kButtonWidth, kButtonHeight}},
                texts_.ResText(kTextRegisterCancel));
+    CreateTabs(); // behind the panes, and so last in the tab order, as in the main dialog
     SendMessageW(Window(), DM_SETDEFID, IDC_cmdOK, 0);
     ShowSlots();
     ShowTab(0);
 }
 
 void frmSetAp::CreateTabs() {
-    const HWND tab = AddControl(Window(), {IDC_tabMenu,
-                                           WC_TABCONTROLW,
-                                           TCS_MULTILINE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
-                                           {kMargin, kMargin, kTabWidth, kTabHeight}});
+    const HWND tab = AddControl(Window(),
+                                {IDC_tabMenu,
+                                 WC_TABCONTROLW,
+                                 TCS_MULTILINE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
+                                 {kMargin, kMargin, kTabWidth, kTabHeight}},
+                                texts_.ResText(kTextProgramSources));
     for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
         const auto source = static_cast<ProgramSource>(i);
         if (!panes_.Offers(source)) {
@@ -124,26 +135,22 @@ void frmSetAp::CreateSlotControls() {
                                   ES_READONLY | ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP,
                                   {boxLeft, top, kRight + kRightWidth - kGroupInset - boxLeft, kSlotHeight},
                                   WS_EX_CLIENTEDGE | WS_EX_ACCEPTFILES});
-        SetWindowSubclass(box, SlotProcedure, kSlotSubclass, std::bit_cast<DWORD_PTR>(this));
+        SetWindowLongPtrW(box, GWLP_USERDATA, std::bit_cast<LONG_PTR>(this));
+        SetWindowLongPtrW(box, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(&SlotProcedure));
     }
 }
 
-LRESULT CALLBACK frmSetAp::SlotProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR /*id*/, DWORD_PTR self) noexcept {
-    auto* form = std::bit_cast<frmSetAp*>(self);
+LRESULT CALLBACK frmSetAp::SlotProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     switch (message) {
     case WM_CONTEXTMENU: // the form has a menu of its own for it
-        return SendMessageW(form->Window(), message, std::bit_cast<WPARAM>(box), lParam);
+        return SendMessageW(GetParent(box), message, std::bit_cast<WPARAM>(box), lParam);
     case WM_DROPFILES:
-        form->DropFiles(box, std::bit_cast<HDROP>(wParam));
+        std::bit_cast<frmSetAp*>(GetWindowLongPtrW(box, GWLP_USERDATA))
+            ->DropFiles(box, std::bit_cast<HDROP>(wParam));
         return 0;
-    case WM_NCDESTROY:
-        RemoveWindowSubclass(box, SlotProcedure, kSlotSubclass);
-        break;
     default:
-        break;
+        return CallWindowProcW(SystemEditProcedure(), box, message, wParam, lParam);
     }
-    return DefSubclassProc(box, message, wParam, lParam);
 }
 
 SIZE frmSetAp::OnLayout() {

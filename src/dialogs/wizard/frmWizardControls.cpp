@@ -146,38 +146,38 @@ void frmWizard::CreateFrames() {
                        WithoutAccessKeys(texts_.ResText(firstText + i)));
         }
     };
-    HWND frame = AddFrame(IDC_fraSelectButton);
+    HWND frame = AddFrame(IDC_fraSelectButton, texts_.ResText(kTextSelectButtonHeading));
     label(frame, IDC_lblMsgSelectButton1, kTextSelectButton);
     options(frame, IDC_optMFButton0, kWizardButtonOptions, kTextWizardButton1);
     label(frame, IDC_lblMsgSelectButton2, kTextClickNext);
 
-    frame = AddFrame(IDC_fraSelectLaunchMethod);
+    frame = AddFrame(IDC_fraSelectLaunchMethod, texts_.ResText(kTextLaunchMethodHeading));
     label(frame, IDC_lblMsgSelectLaunchMethod1, kTextLaunchMethod);
     options(frame, IDC_optSelectLaunchMethod0, 3, kTextLaunchMethod1);
     label(frame, IDC_lblMsgSelectLaunchMethod2, kTextClickNext);
 
-    frame = AddFrame(IDC_fraSelectMenu);
+    frame = AddFrame(IDC_fraSelectMenu, texts_.ResText(kTextSelectMenuHeading));
     label(frame, IDC_lblMsgSelectMenu1, kTextSelectMenu);
     options(frame, IDC_optSelectMenuForSingle0, static_cast<int>(kProgramSourceCount), kTextWizardSource1);
     label(frame, IDC_lblMsgSelectMenu2, kTextClickNext);
 
-    frame = AddFrame(IDC_fraFinish);
+    frame = AddFrame(IDC_fraFinish, texts_.ResText(kTextFinishHeading));
     label(frame, IDC_lblMsgFinish1, kTextFinishMessage);
     label(frame, IDC_lblMsgFinish2, kTextClickFinish);
 
-    frame = AddFrame(IDC_fraButtonName);
+    frame = AddFrame(IDC_fraButtonName, texts_.ResText(kTextButtonNameHeading));
     label(frame, IDC_lblMsgButtonName1, kTextTypeButtonName);
     const HWND name = AddControl(
         frame, {IDC_txtButtonName, WC_EDITW, ES_AUTOHSCROLL | WS_TABSTOP | WS_GROUP, {}, WS_EX_CLIENTEDGE});
     SendMessageW(name, EM_LIMITTEXT, kNameBoxLimit, 0);
     label(frame, IDC_lblmsgButtonName2, kTextClickNext);
 
-    frame = AddFrame(IDC_fraSelectProgramForSingle);
+    frame = AddFrame(IDC_fraSelectProgramForSingle, texts_.ResText(kTextSelectProgramHeading));
     label(frame, IDC_lblMsgSelectProgramForSingle1, kTextSelectProgram);
 }
 
 void frmWizard::CreateProgramFrames() {
-    const HWND several = AddFrame(IDC_fraSomePrograms);
+    const HWND several = AddFrame(IDC_fraSomePrograms, texts_.ResText(kTextSomeProgramsHeading));
     for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
         const DWORD first = i == 0 ? WS_GROUP | WS_TABSTOP : 0;
         AddControl(several, {IDC_optSelectMenu0 + i, WC_BUTTONW, BS_AUTORADIOBUTTON | first, {}},
@@ -196,7 +196,7 @@ void frmWizard::CreateProgramFrames() {
                texts_.ResText(kTextSomePrograms));
     AddControl(several, {IDC_lblMsgSomeProgram2, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}},
                texts_.ResText(kTextNoMorePrograms));
-    const HWND list = AddFrame(IDC_fraProgramList);
+    const HWND list = AddFrame(IDC_fraProgramList, texts_.ResText(kTextProgramSources));
     panes_.CreateControls([this, list](const ControlRow& row) { return AddControl(list, row); }, Dpi());
 }
 
@@ -291,9 +291,12 @@ HBRUSH frmWizard::OnStaticColour(HWND control, HDC hdc) {
     if (slot < 0 || slot >= kSlots) {
         return nullptr;
     }
-    // The box of the next program stands out from the form.
-    const int colour = slot == flow_->MarkedSlot() ? COLOR_WINDOW : COLOR_3DFACE;
-    SetTextColor(hdc, GetSysColor(slot == flow_->MarkedSlot() ? COLOR_WINDOWTEXT : COLOR_BTNTEXT));
+    // The box of the next program stands out from the form, which in high contrast has the window's colour.
+    const bool marked = slot == flow_->MarkedSlot();
+    const bool alike = GetSysColor(COLOR_WINDOW) == GetSysColor(COLOR_3DFACE);
+    const int colour = !marked ? COLOR_3DFACE : alike ? COLOR_HIGHLIGHT : COLOR_WINDOW;
+    const int text = !marked ? COLOR_BTNTEXT : alike ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+    SetTextColor(hdc, GetSysColor(text));
     SetBkColor(hdc, GetSysColor(colour));
     return GetSysColorBrush(colour);
 }

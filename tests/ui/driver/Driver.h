@@ -1,6 +1,7 @@
 #pragma once
 
 // Everything a test of the real program needs, at one include.
+#include "Accessible.h"
 #include "ColourDialog.h"
 #include "Keyboard.h"
 #include "Launcher.h"
