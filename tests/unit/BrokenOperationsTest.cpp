@@ -32,11 +32,6 @@ const std::vector<WritingOperation>& Operations() {
              program.dialog->Save();
          },
          {2}},
-        {"OkAndYes",
-         false,
-         3,
-         [](Running& program, const BrokenStore& /*store*/) { program.dialog->Save(); },
-         {3}},
         {"SwitchAndSave",
          false,
          2,

@@ -109,7 +109,14 @@ public:
     std::string Bytes() {
         constexpr std::string_view kPieces[] = {"FALSE", "|",    {"\0", 1}, "-1", "99999999999",   " ",
                                                 "K",     "\x81", "s",       "=",  "iexplore.exe|", "\r\n"};
-        switch (Below(12)) {
+        if (Below(400) == 0) {
+            // Slow to convert, and there to the end of the test.
+            return std::string(2040 + Below(20), static_cast<char>(0x80 + Below(0x80)));
+        }
+        if (Below(400) == 0) {
+            return std::string(Below(5) == 0 ? 1'000'000 : 600, static_cast<char>(1 + Below(0xFF)));
+        }
+        switch (Below(10)) {
         case 0:
             return {};
         case 1:
@@ -121,10 +128,6 @@ public:
             return std::to_string(Below(14)) + '\0';
         case 5:
             return std::string(kPieces[Below(std::size(kPieces))]) + '\0';
-        case 6:
-            return std::string(2040 + Below(20), static_cast<char>(0x80 + Below(0x80)));
-        case 7:
-            return std::string(Below(200) == 0 ? 1'000'000 : 600, static_cast<char>(1 + Below(0xFF)));
         default:
             break;
         }
