@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>
@@ -66,6 +67,35 @@ std::string Shown(const std::wstring* value) {
     return value == nullptr ? "missing" : ToUtf8(*value);
 }
 
+std::vector<std::string> LinesOf(const std::string& bytes) {
+    std::vector<std::string> lines;
+    std::istringstream stream(bytes);
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+/// Whether a file ends before its time, and is up to there what it was or would be, line by line.
+bool IsCut(const std::string& left, const std::string& before, const std::string& after) {
+    const std::vector<std::string> is = LinesOf(left);
+    const std::vector<std::string> was = LinesOf(before);
+    const std::vector<std::string> would = LinesOf(after);
+    if (is.size() > std::min(was.size(), would.size()) ||
+        (is.size() == std::min(was.size(), would.size()) && left.ends_with('\n'))) {
+        return false;
+    }
+    for (std::size_t i = 0; i < is.size(); ++i) {
+        const bool last = i + 1 == is.size();
+        const bool fits = is[i] == was[i] || is[i] == would[i] ||
+                          (last && (was[i].starts_with(is[i]) || would[i].starts_with(is[i])));
+        if (!fits) {
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 StoredValues ParseStore(const std::wstring& dump) {
@@ -106,10 +136,10 @@ Killer::~Killer() {
     const unsigned before = kills_[Moment::BeforeFirstWrite];
     const unsigned between = kills_[Moment::Between];
     const unsigned after = kills_[Moment::AfterLastWrite];
-    std::cout << "seed " << seed_ << ": " << before + between + after + emptied_ << " kills, " << before
+    std::cout << "seed " << seed_ << ": " << before + between + after + cut_ << " kills, " << before
               << " before the first write, " << between << " between the first and the last, " << after
-              << " after the last; " << emptied_ << " in the rewriting of the ini file, which left it empty"
-              << std::endl;
+              << " after the last; " << cut_
+              << " in the rewriting of the ini file, which left only its beginning" << std::endl;
 }
 
 void Killer::Kill(unsigned usual) {
@@ -154,6 +184,7 @@ Killer::Known& Killer::Learn(const KilledOperation& operation, bool iniFile, con
         return changed != pressed && Clock::now() - changed > kQuiet;
     };
     UiDriver::WaitUntil(isOver, L"an operation to write");
+    known.fileAfter = UiDriver::Store::Ini().Bytes();
     EndProgram();
     surroundings_.seed(iniFile);
     return known;
@@ -162,6 +193,7 @@ Killer::Known& Killer::Learn(const KilledOperation& operation, bool iniFile, con
 void Killer::KillOnce(const KilledOperation& operation, bool iniFile) {
     surroundings_.seed(iniFile);
     const StoredValues before = Read();
+    const std::string fileBefore = UiDriver::Store::Ini().Bytes();
     Known& known = Learn(operation, iniFile, before);
 
     const UiDriver::Control button = operation.begin();
@@ -180,9 +212,9 @@ void Killer::KillOnce(const KilledOperation& operation, bool iniFile) {
     SCOPED_TRACE(std::string(operation.name) + (iniFile ? ", ini file" : ", registry") + ", killed " +
                  std::to_string(delay.count()) + " ms after the " +
                  (fromFirstWrite ? "first write" : "press") + ", seed " + std::to_string(seed_));
-    if (iniFile && UiDriver::Store::Ini().Bytes().empty()) {
-        // The system writes an ini file anew with each value, and a kill in that moment costs the whole of it.
-        ++emptied_;
+    if (iniFile && IsCut(UiDriver::Store::Ini().Bytes(), fileBefore, known.fileAfter)) {
+        // The system writes an ini file anew with each value. A kill in that moment costs what was not yet in it.
+        ++cut_;
         surroundings_.useAgain(iniFile);
         return;
     }

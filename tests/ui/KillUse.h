@@ -47,6 +47,7 @@ private:
 
     struct Known {
         StoredValues after;
+        std::string fileAfter;
         Time writing; ///< from the first write to the last one, about
     };
     enum class Moment { BeforeFirstWrite, Between, AfterLastWrite };
@@ -65,5 +66,5 @@ private:
     std::mt19937 random_;
     std::map<std::pair<std::string, bool>, Known> known_;
     std::map<Moment, unsigned> kills_;
-    unsigned emptied_ = 0; ///< kills that left an ini file without a byte
+    unsigned cut_ = 0; ///< kills that left the beginning of an ini file
 };
