@@ -20,8 +20,9 @@ std::wstring ProductValueName(const std::wstring& key) {
 
 RegistryPlace OnScreenPlace(const std::wstring& key) {
     const std::wstring path = std::wstring(kProductKey) + L"\\OnScreen";
+    constexpr const wchar_t* kFace = L"FontFace";
     if (key == L"FontName") {
-        return {path, L"FontFace", false};
+        return {path, kFace, false};
     }
     if (key == L"FontSize") {
         return {path, L"size", true};
@@ -29,7 +30,7 @@ RegistryPlace OnScreenPlace(const std::wstring& key) {
     if (key == L"DelayTime") {
         return {path, L"Time", true};
     }
-    return {path, key, true};
+    return {path, key, !EqualsIgnoreCase(key, kFace)};
 }
 
 /// Button and program numbers are one character each in the ini-style names.

@@ -21,10 +21,12 @@ void SetProgram(ButtonSlot& slot, int k, const std::wstring& stored) {
 
 } // namespace
 
-int PatternStore::StorageSlot(int button) const {
-    const std::int32_t slot =
-        store_.RegGetDword(RegistryHive::LocalMachine, kConvAppKey, L"AppKey" + std::to_wstring(button));
-    return slot >= 1 && slot <= buttonCount_ ? slot : button;
+PatternStore::PatternStore(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {
+    for (int button = 1; button <= kMaxButtons; ++button) {
+        const std::int32_t slot =
+            store_.RegGetDword(RegistryHive::LocalMachine, kConvAppKey, L"AppKey" + std::to_wstring(button));
+        storageSlots_(button) = slot >= 1 && slot <= buttonCount_ ? slot : button;
+    }
 }
 
 Pattern PatternStore::LoadDefaultPattern() const {

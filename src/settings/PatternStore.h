@@ -10,8 +10,9 @@ class RegIniFunc;
 /// button's entries, in the defaults too.
 class PatternStore {
 public:
-    /// `buttonCount`: MakerSwitches::ButtonCount.
-    PatternStore(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {}
+    /// `buttonCount`: MakerSwitches::ButtonCount. Reads where the maker moved buttons to: what is loaded goes
+    /// back to the place it came from, whatever becomes of those values meanwhile.
+    PatternStore(RegIniFunc& store, int buttonCount);
 
     /// The maker's defaults from HKLM "Default\Setting\Set1", or "Default\USER1" with the ini back end.
     [[nodiscard]] Pattern LoadDefaultPattern() const;
@@ -27,7 +28,7 @@ public:
 
     /// The number under which button 1...8 is stored: "AppKey" + number of "UTLSetting\ConvAppKey" when that
     /// is another button that exists, else its own.
-    [[nodiscard]] int StorageSlot(int button) const;
+    [[nodiscard]] int StorageSlot(int button) const { return storageSlots_(button); }
 
 private:
     [[nodiscard]] ButtonSlot LoadSlot(const std::wstring& section, int button,
@@ -36,4 +37,5 @@ private:
 
     RegIniFunc& store_;
     int buttonCount_;
+    NumberedFrom1<int, kMaxButtons> storageSlots_;
 };

@@ -139,6 +139,10 @@ private:
                                                                             : static_cast<wchar_t>(byte);
     }
     [[nodiscard]] char ByteInGap(wchar_t c) const {
+        // Asked for nearly every character, and nearly never with an answer.
+        if (c > 0xA0 && (c < 0xF8F1 || c > 0xF8F3)) {
+            return '\0';
+        }
         for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
             if (CharacterInGap(static_cast<unsigned char>(byte)) == c) {
                 return static_cast<char>(byte);

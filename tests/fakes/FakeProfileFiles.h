@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/CallFaults.h"
 #include "fakes/FakeText.h"
 #include "platform/AnsiText.h"
 #include "platform/ProfileFiles.h"
@@ -14,7 +15,7 @@
 /// Profile files in memory, with what the system's functions do to a text on its way: blanks around it and one
 /// pair of quotes go when it is read, and the buffer cuts it. File, section and key names count without regard to
 /// case; a file without a directory is in the Windows directory. Any call can be made to fail.
-class FakeProfileFiles final : public ProfileFiles {
+class FakeProfileFiles final : public ProfileFiles, public CallFaults {
 public:
     static constexpr const wchar_t* kWindowsDirectory = L"C:\\Windows";
 
@@ -29,12 +30,6 @@ public:
 
         bool operator==(const Operation&) const = default;
     };
-
-    bool refusesReads = false; ///< as a file that can't be opened: reads give their fallback
-    bool refusesWrites = false;
-    mutable int failingOperation = 0; ///< the N-th call from now (1: the next) fails; 0: none
-    int failingWrite = 0;             ///< the same, counting writes alone
-    int writesUntilDeath = -1;        ///< that many more writes are taken, and no later one; -1: no end
 
     explicit FakeProfileFiles(const AnsiText& ansiText) : ansiText_(ansiText) {}
 
@@ -62,9 +57,7 @@ public:
     bool SetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                    const std::wstring& file) override {
         operations_.push_back({Access::Write, file, section, key, value});
-        const bool operationFails = CountsDown(failingOperation);
-        const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails || IsDead()) {
+        if (WriteFails()) {
             return false;
         }
         PutLine(section, key, file, ansiText_.Encode(value));
@@ -73,9 +66,7 @@ public:
 
     bool DeleteSection(const std::wstring& section, const std::wstring& file) override {
         operations_.push_back({Access::Delete, file, section, {}, {}});
-        const bool operationFails = CountsDown(failingOperation);
-        const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails || IsDead()) {
+        if (WriteFails()) {
             return false;
         }
         const auto [wantedFile, wantedSection, key] = KeyOf(section, {}, file);
@@ -99,6 +90,10 @@ public:
         const auto found = lines_.find(KeyOf(section, key, file));
         return found == lines_.end() ? std::nullopt : std::optional(found->second);
     }
+
+    [[nodiscard]] bool SameLines(const FakeProfileFiles& other) const { return lines_ == other.lines_; }
+
+    void TakeLinesOf(const FakeProfileFiles& other) { lines_ = other.lines_; }
 
     /// Every call so far, refused ones too, in order.
     [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
@@ -124,17 +119,8 @@ private:
     }
     [[nodiscard]] std::optional<std::string> Read(const std::wstring& section, const std::wstring& key,
                                                   const std::wstring& file) const {
-        const bool failsNow = CountsDown(failingOperation);
-        return refusesReads || failsNow ? std::nullopt : Line(section, key, file);
+        return ReadFails() ? std::nullopt : Line(section, key, file);
     }
-    [[nodiscard]] bool IsDead() {
-        if (writesUntilDeath > 0) {
-            --writesUntilDeath;
-            return false;
-        }
-        return writesUntilDeath == 0;
-    }
-    [[nodiscard]] static bool CountsDown(int& calls) { return calls > 0 && --calls == 0; }
 
     [[nodiscard]] static std::string WithoutTrailingBlanks(std::string_view bytes) {
         return std::string(bytes.substr(0, bytes.find_last_not_of(' ') + 1));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/CallFaults.h"
 #include "fakes/FakeText.h"
 #include "platform/Registry.h"
 
@@ -13,7 +14,7 @@
 
 /// A registry in memory. Key and value names count without regard to case. Every call is remembered, and any of
 /// them can be made to fail.
-class FakeRegistry final : public Registry {
+class FakeRegistry final : public Registry, public CallFaults {
 public:
     enum class Access { Read, Write, Delete };
 
@@ -30,28 +31,16 @@ public:
         }
     };
 
-    bool refusesReads = false;
-    bool refusesWrites = false;
-    mutable int failingOperation = 0; ///< the N-th call from now (1: the next) fails; 0: none
-    int failingWrite = 0;             ///< the same, counting writes alone
-    int writesUntilDeath = -1;        ///< that many more writes are taken, and no later one; -1: no end
-
     [[nodiscard]] std::optional<RegistryValue> Query(RegistryHive hive, const std::wstring& path,
                                                      const std::wstring& name) const override {
         operations_.push_back({Access::Read, hive, path, name, {}});
-        const bool failsNow = CountsDown(failingOperation);
-        if (refusesReads || failsNow) {
-            return std::nullopt;
-        }
-        return Stored(hive, path, name);
+        return ReadFails() ? std::nullopt : Stored(hive, path, name);
     }
 
     bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
              const RegistryValue& value) override {
         operations_.push_back({Access::Write, hive, path, name, value});
-        const bool operationFails = CountsDown(failingOperation);
-        const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails || IsDead()) {
+        if (WriteFails()) {
             return false;
         }
         RegistryValue stored = value;
@@ -65,9 +54,7 @@ public:
 
     bool DeleteKey(RegistryHive hive, const std::wstring& path) override {
         operations_.push_back({Access::Delete, hive, path, {}, {}});
-        const bool operationFails = CountsDown(failingOperation);
-        const bool writeFails = CountsDown(failingWrite);
-        if (refusesWrites || operationFails || writeFails || IsDead()) {
+        if (WriteFails()) {
             return false;
         }
         if (path.empty()) {
@@ -128,6 +115,16 @@ public:
         return std::bit_cast<std::int32_t>(bytes);
     }
 
+    [[nodiscard]] bool SameValues(const FakeRegistry& other) const {
+        return std::equal(values_.begin(), values_.end(), other.values_.begin(), other.values_.end(),
+                          [](const auto& a, const auto& b) {
+                              return a.first == b.first && a.second.type == b.second.type &&
+                                     a.second.bytes == b.second.bytes;
+                          });
+    }
+
+    void TakeValuesOf(const FakeRegistry& other) { values_ = other.values_; }
+
     /// Every call so far, refused ones too, in order.
     [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
     [[nodiscard]] std::vector<Operation> Writes() const {
@@ -156,14 +153,6 @@ private:
     [[nodiscard]] static bool IsText(std::uint32_t type) {
         return type == kRegistryString || type == 2 || type == 7;
     }
-    [[nodiscard]] bool IsDead() {
-        if (writesUntilDeath > 0) {
-            --writesUntilDeath;
-            return false;
-        }
-        return writesUntilDeath == 0;
-    }
-    [[nodiscard]] static bool CountsDown(int& calls) { return calls > 0 && --calls == 0; }
 
     std::map<Key, RegistryValue> values_;
     mutable std::vector<Operation> operations_;

@@ -1,23 +1,15 @@
 #include "dialogs/register/DataFile.h"
 
+#include "Fuzz.h"
 #include "fakes/FakeAnsiText.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <vector>
 
 namespace {
 
 using Records = std::vector<DataRecord>;
-
-void Require(bool holds, const char* what) {
-    if (!holds) {
-        std::cerr << what << '\n';
-        std::abort();
-    }
-}
 
 struct Reading {
     Records records;

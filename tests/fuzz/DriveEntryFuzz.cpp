@@ -1,17 +1,8 @@
 #include "browse/CSystemDrive.h"
 
-#include <cstdint>
-#include <cstdlib>
-#include <iostream>
+#include "Fuzz.h"
 
 namespace {
-
-void Require(bool holds, const char* what) {
-    if (!holds) {
-        std::cerr << what << '\n';
-        std::abort();
-    }
-}
 
 bool IsBlank(std::wstring_view text) {
     return text.find_first_not_of(L' ') == std::wstring_view::npos;

@@ -1,47 +1,16 @@
 #include "AnsiBytes.h"
-#include "UiTest.h"
+#include "DamagedUse.h"
 #include "driver/Handle.h"
 
 #include <cstring>
-#include <sstream>
 #include <stdexcept>
 
 namespace {
 
 using UiDriver::RawValue;
 
-class DamagedStore : public UiTest {
+class DamagedStore : public DamagedUse {
 protected:
-    /// The store without the two numbers that OK always writes.
-    std::wstring DumpWithoutNumbers() const {
-        std::wistringstream lines(StoreDump());
-        std::wstring kept;
-        for (std::wstring line; std::getline(lines, line);) {
-            const bool number = line.starts_with(L"CurrSetting=") || line.starts_with(L"NumSetting=") ||
-                                line.starts_with(L"CurrUser=") || line.starts_with(L"NumUser=");
-            kept += number ? L"" : line + L'\n';
-        }
-        return kept;
-    }
-
-    /// Opens the dialog, looks at every page, and expects OK to end it with nothing changed but the numbers.
-    void ExpectUsableAndHarmless() {
-        const std::wstring before = DumpWithoutNumbers();
-        Start();
-        EXPECT_GE(Combo(IDC_cmbUserName0).Count(), 1);
-        OpenPage(1);
-        EXPECT_TRUE(NameBox(6).Enabled());
-        OpenPage(2);
-        EXPECT_TRUE(Item(IDC_chkOnScreen).Enabled());
-        EXPECT_TRUE(Combo(IDC_cmbFontSize).Selected().has_value());
-        OpenPage(0);
-        EXPECT_TRUE(NameBox(1).Enabled());
-        ExpectAlive();
-        Item(IDC_cmdOK).Press();
-        ExpectEnd();
-        EXPECT_EQ(DumpWithoutNumbers(), before);
-    }
-
     /// Expects a rename of button 2 to be stored in spite of what the store held.
     void ExpectRenameWorks() {
         Start();

@@ -205,6 +205,13 @@ TEST_F(DroppedFiles, LeaveNoGap_WhenTheyAreDroppedPastTheEnd) {
     EXPECT_EQ(editor.Slot().NumAP, 3);
 }
 
+TEST_F(DroppedFiles, TakeNoSlot_WithoutAName) {
+    ButtonSlotEditor editor = Open(Sequence(1));
+    editor.DropPaths(1, {L"", L"D:\\1.exe", L"\\", L"D:\\2.exe"});
+    EXPECT_THAT(Commands(editor), ElementsAre(L"C:\\Apps\\Mail.exe", L"D:\\1.exe", L"D:\\2.exe", L"", L""));
+    EXPECT_EQ(editor.Slot().NumAP, 3);
+}
+
 TEST_F(DroppedFiles, EndAtTheLastSlot) {
     ButtonSlotEditor editor = Open(Sequence(5));
     editor.DropPaths(3, {L"D:\\1.exe", L"D:\\2.exe", L"D:\\3.exe"});

@@ -46,6 +46,8 @@ INSTANTIATE_TEST_SUITE_P(
     OnScreen, IniName,
     testing::Values(Translation{L"Switch", L"ONSCREEN", L"OnScreen", L"\\OnScreen", L"OnScreen", true},
                     Translation{L"FaceIsText", L"ONSCREEN", L"FontName", L"\\OnScreen", L"FontFace", false},
+                    Translation{L"FaceByItsOwnNameIsTextToo", L"ONSCREEN", L"fontface", L"\\OnScreen",
+                                L"fontface", false},
                     Translation{L"SizeIsLowerCase", L"ONSCREEN", L"FontSize", L"\\OnScreen", L"size", true},
                     Translation{L"Color", L"ONSCREEN", L"Color", L"\\OnScreen", L"Color", true},
                     Translation{L"Time", L"ONSCREEN", L"DelayTime", L"\\OnScreen", L"Time", true}),

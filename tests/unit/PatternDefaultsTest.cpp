@@ -106,9 +106,10 @@ TEST_F(DefaultPattern, TakesAMovedButtonFromTheOtherButtonsEntries) {
     PutMachine(L"Default\\Setting\\Set1\\AppKey2", L"DispTitle", "Second");
     PutMachine(L"Default\\Setting\\Set1\\AppKey4", L"DispTitle", "Fourth");
     PutMachine(L"Default\\USER1", L"Btn4_Name", "Fourth of the file");
-    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(2).Name, L"Fourth");
+    const PatternStore moved(store, kButtons);
+    EXPECT_EQ(moved.LoadDefaultPattern().Btn(2).Name, L"Fourth");
     store.IniFileExist = true;
-    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(2).Name, L"Fourth of the file");
+    EXPECT_EQ(moved.LoadDefaultPattern().Btn(2).Name, L"Fourth of the file");
 }
 
 TEST_F(DefaultPattern, LeavesButtonsBeyondTheCountEmpty) {

@@ -59,13 +59,13 @@ TEST_P(SavedPattern, LoadsAsItWas) {
 TEST_P(SavedPattern, SavesTheSameBytesAgain) {
     Pattern saved = FullPattern();
     patterns.SavePattern(2, saved);
-    const auto firstRegistry = registry.Operations();
-    const auto firstFile = files.Operations();
+    const auto firstRegistry = registry.Writes();
+    const auto firstFile = files.Writes();
     Pattern loaded = patterns.LoadPattern(2, Pattern{});
     ForgetOperations();
     patterns.SavePattern(2, loaded);
-    EXPECT_EQ(registry.Operations(), firstRegistry);
-    EXPECT_EQ(files.Operations(), firstFile);
+    EXPECT_EQ(registry.Writes(), firstRegistry);
+    EXPECT_EQ(files.Writes(), firstFile);
 }
 
 TEST_P(SavedPattern, DoesNotFallBackToTheDefaults_WhereItIsEmpty) {

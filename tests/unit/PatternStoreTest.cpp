@@ -325,6 +325,9 @@ TEST_F(SavingToTheRegistry, KeepsParametersOfAnEmptyCommand) {
 class MovedStorage : public LoadingFromTheRegistry {
 public:
     static constexpr const wchar_t* kConversion = L"UTLSetting\\ConvAppKey";
+
+    /// With the maker's values as they are now.
+    [[nodiscard]] PatternStore Now() { return {store, kButtons}; }
 };
 
 TEST_F(MovedStorage, LoadsAButtonFromTheOtherButtonsEntries) {
@@ -332,7 +335,7 @@ TEST_F(MovedStorage, LoadsAButtonFromTheOtherButtonsEntries) {
     PutUser(L"Setting\\Set1\\AppKey2", L"DispTitle", "Second");
     PutUser(L"Setting\\Set1\\AppKey4", L"DispTitle", "Fourth");
     PutUser(L"Setting\\Set1\\AppKey4", L"AP1", "fourth.exe");
-    const Pattern pattern = patterns.LoadPattern(1, defaults);
+    const Pattern pattern = Now().LoadPattern(1, defaults);
     EXPECT_EQ(pattern.Btn(2).Name, L"Fourth");
     EXPECT_EQ(pattern.Btn(2).AP(1), L"fourth.exe");
     EXPECT_EQ(pattern.Btn(4).Name, L"Fourth");
@@ -340,7 +343,7 @@ TEST_F(MovedStorage, LoadsAButtonFromTheOtherButtonsEntries) {
 
 TEST_F(MovedStorage, TakesWhatIsMissingFromTheDefaultsOfTheButtonItself) {
     PutMachine(kConversion, L"AppKey2", 4);
-    EXPECT_EQ(patterns.LoadPattern(1, defaults).Btn(2), defaults.Btn(2));
+    EXPECT_EQ(Now().LoadPattern(1, defaults).Btn(2), defaults.Btn(2));
 }
 
 TEST_F(MovedStorage, SavesAButtonToTheOtherButtonsEntries) {
@@ -356,9 +359,9 @@ TEST_F(MovedStorage, AppliesToTheFileToo) {
     store.IniFileExist = true;
     PutMachine(kConversion, L"AppKey2", 4);
     PutLine(L"USER1", L"Btn4_Name", "Fourth");
-    EXPECT_EQ(patterns.LoadPattern(1, defaults).Btn(2).Name, L"Fourth");
+    EXPECT_EQ(Now().LoadPattern(1, defaults).Btn(2).Name, L"Fourth");
     Pattern pattern;
-    patterns.SavePattern(1, pattern);
+    Now().SavePattern(1, pattern);
     EXPECT_THAT(Written(), Not(Contains(StartsWith("[USER1] Btn2_"))));
 }
 
@@ -367,7 +370,7 @@ TEST_F(MovedStorage, SwapsTwoButtons) {
     PutMachine(kConversion, L"AppKey2", 1);
     PutUser(L"Setting\\Set1\\AppKey1", L"DispTitle", "First");
     PutUser(L"Setting\\Set1\\AppKey2", L"DispTitle", "Second");
-    const Pattern pattern = patterns.LoadPattern(1, defaults);
+    const Pattern pattern = Now().LoadPattern(1, defaults);
     EXPECT_EQ(pattern.Btn(1).Name, L"Second");
     EXPECT_EQ(pattern.Btn(2).Name, L"First");
 }
@@ -376,7 +379,7 @@ TEST_F(MovedStorage, IsThatOfAnotherButtonThatExistsAndElseItsOwn) {
     const std::pair<int, int> slots[] = {{1, 1}, {4, 4}, {7, 7}, {2, 2}, {0, 2}, {8, 2}, {9, 2}, {-1, 2}};
     for (const auto& [value, slot] : slots) {
         PutMachine(kConversion, L"AppKey2", value);
-        EXPECT_EQ(patterns.StorageSlot(2), slot) << value;
+        EXPECT_EQ(Now().StorageSlot(2), slot) << value;
     }
 }
 
@@ -388,7 +391,7 @@ TEST_F(MovedStorage, ReachesTheEighthButton_WhenItExists) {
 
 TEST_F(MovedStorage, StaysWhereItIs_WithoutAValue) {
     for (int button = 1; button <= kMaxButtons; ++button) {
-        EXPECT_EQ(patterns.StorageSlot(button), button);
+        EXPECT_EQ(Now().StorageSlot(button), button);
     }
 }
 

@@ -177,6 +177,7 @@ TEST_F(MovedButtons, AreStoredUnderTheLaunchersNumber_WhenTheWizardRunsAlone) {
 TEST_F(MovedButtons, DoNotMove_WhereTheMakersNumberIsNoOtherButton) {
     for (const std::int32_t number : {0, 8, 9, -1}) {
         PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey2", number);
+        settings.Load();
         EXPECT_EQ(settings.StorageSlot(2), 2) << number;
     }
 }

@@ -12,7 +12,8 @@ void MainSettings::Load() {
     defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
     onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
     unchangedOnScreen_ = onScreen_;
-    defaults_ = Patterns().LoadDefaultPattern();
+    patterns_.emplace(store_, switches_.ButtonCount());
+    defaults_ = patterns_->LoadDefaultPattern();
 
     LoadCurrentPattern();
     LoadPatternNames();
@@ -22,18 +23,18 @@ void MainSettings::LoadPatternNames() {
     const int count = store_.ReadPatternCount();
     patternNames_.clear();
     for (int number = 1; number <= count; ++number) {
-        patternNames_.push_back(Patterns().LoadPatternName(number, defaults_));
+        patternNames_.push_back(patterns_->LoadPatternName(number, defaults_));
     }
 }
 
 void MainSettings::ReloadPatternList() {
     currentPattern_ = store_.ReadCurrentPatternNumber();
     LoadPatternNames();
-    working_.UserName = Patterns().LoadPatternName(currentPattern_, defaults_);
+    working_.UserName = patterns_->LoadPatternName(currentPattern_, defaults_);
 }
 
 void MainSettings::LoadCurrentPattern() {
-    working_ = Patterns().LoadPattern(currentPattern_, defaults_);
+    working_ = patterns_->LoadPattern(currentPattern_, defaults_);
     unchanged_ = working_;
     for (int button = 1; button <= switches_.ButtonCount(); ++button) {
         ChoosePicture(button);
@@ -88,7 +89,7 @@ void MainSettings::WritePatternNumbers() {
 }
 
 void MainSettings::StorePattern() {
-    Patterns().SavePattern(currentPattern_, working_);
+    patterns_->SavePattern(currentPattern_, working_);
     for (int button = 1; button <= switches_.ButtonCount(); ++button) {
         std::wstring& name = working_.Btn(button).Name;
         name = store_.AsStored(name);
@@ -124,7 +125,7 @@ void MainSettings::SaveButton(int button, const ButtonSlot& slot) {
 
 void MainSettings::SwitchPattern(int number, bool saveOld, const std::function<void()>& loaded) {
     if (saveOld) {
-        Patterns().SavePattern(currentPattern_, working_);
+        patterns_->SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;
     store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());

@@ -6,6 +6,7 @@
 #include "settings/PatternStore.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,7 @@ public:
     void SaveButton(int button, const ButtonSlot& slot);
 
     /// The number (1...8) under which a button is stored.
-    [[nodiscard]] int StorageSlot(int button) const { return Patterns().StorageSlot(button); }
+    [[nodiscard]] int StorageSlot(int button) const { return patterns_->StorageSlot(button); }
     [[nodiscard]] const Pattern& Defaults() const { return defaults_; }
 
     /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
@@ -78,7 +79,6 @@ public:
 
 private:
     void LoadPatternNames();
-    [[nodiscard]] PatternStore Patterns() const { return {store_, switches_.ButtonCount()}; }
     void LoadCurrentPattern();
     void ChoosePicture(int button);
     void StorePattern();
@@ -89,6 +89,7 @@ private:
     const FaceMatcher& fonts_;
 
     MakerSwitches switches_;
+    std::optional<PatternStore> patterns_; ///< from Load on
     int currentPattern_ = 1;
     std::vector<std::wstring> patternNames_;
     Pattern defaults_;

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 
-PatternList::PatternList(RegIniFunc& store, int buttonCount) : store_(store), patterns_(store, buttonCount) {}
+PatternList::PatternList(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {}
 
 void PatternList::Load() {
-    defaults_ = patterns_.LoadDefaultPattern();
+    patterns_.emplace(store_, buttonCount_);
+    defaults_ = patterns_->LoadDefaultPattern();
     const int count = store_.ReadPatternCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
     if (currentPattern_ > count) {
@@ -15,7 +16,7 @@ void PatternList::Load() {
     }
     records_.clear();
     for (int number = 1; number <= count; ++number) {
-        records_.push_back(patterns_.LoadPattern(number, defaults_));
+        records_.push_back(patterns_->LoadPattern(number, defaults_));
     }
 }
 
@@ -71,7 +72,7 @@ int PatternList::Delete(int index) {
 
 void PatternList::Save(int index) {
     Pattern& record = records_.at(static_cast<std::size_t>(index));
-    patterns_.SavePattern(index + 1, record);
+    patterns_->SavePattern(index + 1, record);
     record.UserName = store_.AsStored(record.UserName);
 }
 

@@ -3,6 +3,7 @@
 #include "settings/Pattern.h"
 #include "settings/PatternStore.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,7 +48,8 @@ private:
     void WriteNumber(const wchar_t* key, int number);
 
     RegIniFunc& store_;
-    PatternStore patterns_;
+    int buttonCount_;
+    std::optional<PatternStore> patterns_; ///< from Load on
     Pattern defaults_;
     std::vector<Pattern> records_;
     int currentPattern_ = 1;
