@@ -318,7 +318,7 @@ struct ModelPattern {
 
 TEST_P(Manager, FollowsAModel_OverRandomOperations) {
     constexpr unsigned kSeed = 20'241;
-    constexpr int kOperations = 1500;
+    constexpr int kOperations = 500;
     constexpr int kFewButtons = 1; // what is read again after every step
     std::mt19937 random(kSeed);
     const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };

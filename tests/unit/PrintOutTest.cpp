@@ -26,7 +26,7 @@ protected:
 
     bool Print(const PrintJob& job = {}) { return PrintOn(device, L"Button settings", job); }
     bool PrintOn(PrintDevice& printer, const std::wstring& name, const PrintJob& job = {}) {
-        return print.QlbPrintOut([&](const auto& draw) { return draw(printer); }, name, job);
+        return print.QlbPrintOut(PrintingOn(printer), name, job);
     }
 
     /// So that the printout is some pages long.

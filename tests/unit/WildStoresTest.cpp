@@ -244,7 +244,7 @@ private:
         CQlbPrint print(store);
         print.IniFileName(kOwnFile);
         FakePrintDevice device;
-        EXPECT_TRUE(print.QlbPrintOut(device, L"Wild"));
+        EXPECT_TRUE(print.QlbPrintOut(PrintingOn(device), L"Wild"));
         EXPECT_FALSE(device.Pages().empty());
     }
 
