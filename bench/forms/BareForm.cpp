@@ -3,6 +3,8 @@
 #include "resources/resource.h"
 #include "ui/Controls.h"
 
+#include <commctrl.h>
+
 #include <array>
 #include <bit>
 
@@ -46,6 +48,9 @@ void BareForm::Take(HWND parent, std::size_t parentPlace) {
                     static_cast<DWORD>(GetWindowLongPtrW(child, GWL_EXSTYLE)),
                     {},
                     GetDlgCtrlID(child)};
+        if (piece.windowClass.starts_with(L"QLBUtl")) {
+            piece.windowClass = WC_BUTTONW; // a class of our own that is the system's button
+        }
         piece.page = piece.windowClass == kDialogClass;
         GetWindowRect(child, &piece.place);
         MapWindowPoints(nullptr, parent, std::bit_cast<POINT*>(&piece.place), 2);

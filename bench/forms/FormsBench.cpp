@@ -8,12 +8,14 @@
 #include "common/FullPattern.h"
 #include "common/ScratchKey.h"
 #include "common/Statistics.h"
+#include "dialogs/main/frmMain.h"
 #include "dialogs/patterns/frmInputBox.h"
 #include "dialogs/patterns/frmManager.h"
 #include "dialogs/register/frmSetAp.h"
 #include "dialogs/wizard/frmWizard.h"
 #include "forms/BareForm.h"
 #include "forms/Opening.h"
+#include "platform/InstanceGuard.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
@@ -26,6 +28,12 @@
 namespace {
 
 constexpr int kButtons = 7;
+
+/// So that the settings dialog opens again and again.
+class NoOtherInstance final : public InstanceGuard {
+public:
+    bool AnotherInstanceRuns() override { return false; }
+};
 
 /// What the forms open over.
 class OwnerForm final : public Form {
@@ -90,11 +98,35 @@ class Bench {
 public:
     explicit Bench(int rounds)
         : platform_(system_.Interfaces()), table_(rounds), texts_(Texts(platform_)),
-          store_(platform_.registry, platform_.profileFiles, platform_.ansiText, Globals().IniFileName) {
-        Globals().EditedButtonSlot = FullPattern(1).Btn(1);
+          store_(platform_.registry, platform_.profileFiles, platform_.ansiText, Globals().IniFileName) {}
+
+    void MainDialog() {
+        NoOtherInstance alone;
+        const Platform& all = platform_;
+        const Platform platform{all.registry, all.profileFiles, all.ansiText, all.strings, all.windows, alone,
+                                all.fonts,    all.shell,        all.files,    all.drives,  all.icons};
+        std::optional<BareForm> bare;
+        const auto ours = [&]() -> std::optional<double> {
+            const double start = NowMilliseconds();
+            frmMain dialog(platform);
+            if (!dialog.Load(L"/k")) {
+                return std::nullopt;
+            }
+            dialog.Show();
+            PaintNow(dialog.Window());
+            const double taken = NowMilliseconds() - start;
+            if (!bare) {
+                bare.emplace(dialog.Window());
+            }
+            return taken;
+        };
+        ours();
+        table_.Row(
+            "open the settings dialog", 0, [&] { return TimeOfBare(bare, nullptr); }, ours);
     }
 
     void Forms() {
+        Globals().EditedButtonSlot = FullPattern(1).Btn(1);
         Compare("open the input box", 0, [this](HWND owner) {
             frmInputBox box(owner, texts_, platform_.ansiText);
             box.InputTitle(L"Question");
@@ -153,18 +185,20 @@ private:
         opening_.LookAtNext([&](HWND form) { bare.emplace(form); });
         const auto ours = [&] { return opening_.TimeOf([&] { open(owner.Window()); }); };
         ours();
-        const auto floor = [&]() -> std::optional<double> {
-            if (!bare) {
-                return std::nullopt;
-            }
-            const double start = NowMilliseconds();
-            const HWND form = bare->Open(owner.Window());
-            const double taken = NowMilliseconds() - start;
-            EnableWindow(owner.Window(), TRUE);
-            DestroyWindow(form);
-            return taken;
-        };
-        table_.Row(what, size, floor, ours);
+        table_.Row(
+            what, size, [&] { return TimeOfBare(bare, owner.Window()); }, ours);
+    }
+
+    static std::optional<double> TimeOfBare(const std::optional<BareForm>& bare, HWND owner) {
+        if (!bare) {
+            return std::nullopt;
+        }
+        const double start = NowMilliseconds();
+        const HWND form = bare->Open(owner);
+        const double taken = NowMilliseconds() - start;
+        EnableWindow(owner, TRUE);
+        DestroyWindow(form);
+        return taken;
     }
 
     void StorePatterns(int count) {
@@ -198,6 +232,7 @@ private:
 
 int wmain(int count, wchar_t** arguments) {
     Bench bench(RoundsFrom(count, arguments, 15));
+    bench.MainDialog();
     bench.Forms();
     bench.ShortcutKeys();
     return bench.Finish();
