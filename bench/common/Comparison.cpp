@@ -40,7 +40,7 @@ void Comparison::Row(const std::string& what, int size, const Timed& floor, cons
             ourTimes.push_back(*ourTime);
         }
     }
-    if (lastWhat_.empty()) {
+    if (last_.empty()) {
         std::printf("%-36s %7s %9s %9s %9s %6s %11s  %s\n", "medians, in milliseconds", "size", "floor",
                     "ours", "beyond", "ratio", "quartiles", "growth");
     }
@@ -50,15 +50,13 @@ void Comparison::Row(const std::string& what, int size, const Timed& floor, cons
                 size == 0 ? "" : std::to_string(size).c_str(), Median(floorTimes), median,
                 median - Median(floorTimes), Median(ratios), Quantile(ratios, kLowerQuartile),
                 Quantile(ratios, kUpperQuartile));
-    if (what == lastWhat_ && lastSize_ > 0) {
-        std::printf("  x%.1f for x%.1f", median / lastOurs_,
-                    static_cast<double>(size) / static_cast<double>(lastSize_));
+    Measured& last = last_[what];
+    if (last.size > 0) {
+        std::printf("  x%.1f for x%.1f", median / last.ours, static_cast<double>(size) / last.size);
     }
     std::printf("\n");
     std::fflush(stdout);
-    lastWhat_ = what;
-    lastSize_ = size;
-    lastOurs_ = median;
+    last = {size, median};
 }
 
 int Comparison::Finish() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -13,7 +14,7 @@ class Comparison {
 public:
     explicit Comparison(int rounds) : rounds_(rounds) {}
 
-    /// Rows that follow each other with the same words and more of `size` also tell how the time grows.
+    /// Rows with the same words and more of `size` also tell how the time grows.
     /// A size of 0 is none.
     void Row(const std::string& what, int size, const Timed& floor, const Timed& ours);
 
@@ -23,9 +24,11 @@ public:
 private:
     int rounds_;
     bool failed_ = false;
-    std::string lastWhat_;
-    int lastSize_ = 0;
-    double lastOurs_ = 0;
+    struct Measured {
+        int size = 0;
+        double ours = 0;
+    };
+    std::map<std::string, Measured> last_; ///< of each kind of work
 };
 
 /// The number after "/rounds:" among the program's arguments.

@@ -22,9 +22,12 @@ DWORD EncodingFlags() {
 
 std::string ToAnsi(std::wstring_view text) {
     if (IsAscii(text)) {
-        std::string bytes(text.size(), '\0');
-        std::transform(text.begin(), text.end(), bytes.begin(),
-                       [](wchar_t c) { return static_cast<char>(c); });
+        constexpr std::size_t kNuls = 2; // that callers add
+        std::string bytes;
+        bytes.reserve(text.size() + kNuls);
+        for (const wchar_t c : text) {
+            bytes.push_back(static_cast<char>(c));
+        }
         return bytes;
     }
     const int length = static_cast<int>(text.size());
