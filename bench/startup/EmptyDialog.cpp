@@ -1,4 +1,4 @@
-// The least a themed dialog program can do: what it takes to start is the floor for every other one.
+// The least a dialog program with our manifest can do: what it takes to start is the floor for every other one.
 
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN

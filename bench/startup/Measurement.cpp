@@ -1,35 +1,13 @@
 #include "Measurement.h"
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#include <windows.h>
+#include "common/Statistics.h"
 
-#include <algorithm>
+#include <windows.h>
 
 namespace {
 
 constexpr DWORD kTimeoutMs = 20000;
 constexpr DWORD kBetweenStartsMs = 100;
-
-class Stopwatch {
-public:
-    Stopwatch() { QueryPerformanceCounter(&start_); }
-    [[nodiscard]] double Milliseconds() const {
-        LARGE_INTEGER now{};
-        LARGE_INTEGER frequency{};
-        QueryPerformanceCounter(&now);
-        QueryPerformanceFrequency(&frequency);
-        return static_cast<double>(now.QuadPart - start_.QuadPart) * 1000.0 /
-               static_cast<double>(frequency.QuadPart);
-    }
-
-private:
-    LARGE_INTEGER start_{};
-};
 
 class StartedProcess {
 public:
@@ -59,6 +37,7 @@ public:
         return WaitForSingleObject(process_.hProcess, kTimeoutMs) == WAIT_OBJECT_0;
     }
     [[nodiscard]] bool WaitForIdle() const { return WaitForInputIdle(process_.hProcess, kTimeoutMs) == 0; }
+    [[nodiscard]] HANDLE Handle() const { return process_.hProcess; }
     [[nodiscard]] DWORD Id() const { return process_.dwProcessId; }
 
 private:
@@ -68,7 +47,6 @@ private:
 
 struct WindowSearch {
     DWORD processId = 0;
-    const std::wstring& title;
     HWND found = nullptr;
 };
 
@@ -79,19 +57,14 @@ BOOL CALLBACK LookAtWindow(HWND hwnd, LPARAM param) {
     if (processId != search.processId || !IsWindowVisible(hwnd)) {
         return TRUE;
     }
-    wchar_t title[512] = L"";
-    InternalGetWindowText(hwnd, title, 512);
-    if (!search.title.empty() && search.title != title) {
-        return TRUE;
-    }
     search.found = hwnd;
     return FALSE;
 }
 
-HWND WaitForVisibleWindow(const StartedProcess& process, const std::wstring& title) {
-    const Stopwatch watch;
-    WindowSearch search{process.Id(), title};
-    while (search.found == nullptr && process.Running() && watch.Milliseconds() < kTimeoutMs) {
+HWND WaitForVisibleWindow(const StartedProcess& process) {
+    const double start = NowMilliseconds();
+    WindowSearch search{process.Id()};
+    while (search.found == nullptr && process.Running() && NowMilliseconds() - start < kTimeoutMs) {
         EnumWindows(LookAtWindow, reinterpret_cast<LPARAM>(&search));
         if (search.found == nullptr) {
             Sleep(1);
@@ -106,13 +79,13 @@ void MeasureOnce(Subject& subject) {
     if (!subject.failure.empty()) {
         return;
     }
-    const Stopwatch watch;
+    const double start = NowMilliseconds();
     const StartedProcess process(subject);
     if (!process.Started()) {
         subject.failure = L"cannot be started: " + subject.exePath;
         return;
     }
-    const HWND hwnd = WaitForVisibleWindow(process, subject.title);
+    const HWND hwnd = WaitForVisibleWindow(process);
     if (hwnd == nullptr) {
         subject.failure = L"showed no window";
         return;
@@ -123,7 +96,8 @@ void MeasureOnce(Subject& subject) {
         subject.failure = L"does not answer";
         return;
     }
-    subject.milliseconds.push_back(watch.Milliseconds());
+    subject.milliseconds.push_back(NowMilliseconds() - start);
+    subject.peakMegabytes.push_back(PeakWorkingSet(process.Handle()));
 
     PostMessageW(hwnd, WM_CLOSE, 0, 0);
     if (!process.WaitForExit()) {
@@ -131,13 +105,4 @@ void MeasureOnce(Subject& subject) {
     }
     // What one program leaves to clear up must not slow the next one's start.
     Sleep(kBetweenStartsMs);
-}
-
-std::optional<double> Median(std::vector<double> values) {
-    if (values.empty()) {
-        return std::nullopt;
-    }
-    std::sort(values.begin(), values.end());
-    const std::size_t middle = values.size() / 2;
-    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }

@@ -1,35 +1,22 @@
-// How long the settings program takes to show its window, against an empty dialog and against a settings
-// dialog that comes with the system, all measured in turn in the same run:
+// How long the settings program takes until its window can be used, against an empty dialog and against
+// programs that come with the system, all measured in turn in the same run:
 //
-//   StartUpBench.exe PROGRAM [/rounds:N] [/arguments:TEXT] [/title:TEXT] [/floor:EMPTYDIALOG]
+//   StartUpBench.exe PROGRAM... [/rounds:N]
 //
-// It tells, it does not judge: slow is no failure.
+// Several programs are builds to be compared. It tells, it does not judge: slow is no failure.
 
 #include "Measurement.h"
 
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
+#include "common/Comparison.h"
+#include "common/Statistics.h"
+
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 namespace {
-
-struct BenchOptions {
-    std::wstring program{};
-    std::wstring arguments = L"/k";
-    std::wstring title{};
-    std::wstring floor{};
-    int rounds = 10;
-};
 
 std::wstring BesideThisProgram(const wchar_t* name) {
     std::wstring path(32768, L'\0');
@@ -37,87 +24,65 @@ std::wstring BesideThisProgram(const wchar_t* name) {
     return path.substr(0, path.find_last_of(L'\\') + 1) + name;
 }
 
-bool Take(std::wstring_view argument, std::wstring_view prefix, std::wstring& value) {
-    if (argument.substr(0, prefix.size()) != prefix) {
-        return false;
-    }
-    value = argument.substr(prefix.size());
-    return true;
+std::wstring WindowsFile(const wchar_t* name) {
+    std::array<wchar_t, MAX_PATH> directory{};
+    GetWindowsDirectoryW(directory.data(), MAX_PATH);
+    return std::wstring(directory.data()) + L'\\' + name;
 }
 
-std::optional<BenchOptions> ReadArguments(int count, wchar_t** arguments) {
-    BenchOptions options;
-    options.floor = BesideThisProgram(L"EmptyDialog.exe");
+std::vector<Subject> Subjects(int count, wchar_t** arguments) {
+    std::vector<Subject> subjects{{L"empty dialog", BesideThisProgram(L"EmptyDialog.exe")}};
     for (int i = 1; i < count; ++i) {
-        std::wstring number;
-        if (Take(arguments[i], L"/rounds:", number)) {
-            options.rounds = static_cast<int>(std::wcstol(number.c_str(), nullptr, 10));
-        } else if (!Take(arguments[i], L"/arguments:", options.arguments) &&
-                   !Take(arguments[i], L"/title:", options.title) &&
-                   !Take(arguments[i], L"/floor:", options.floor)) {
-            if (!options.program.empty()) {
-                return std::nullopt;
-            }
-            options.program = arguments[i];
+        if (!std::wstring_view(arguments[i]).starts_with(L"/rounds:")) {
+            subjects.push_back({arguments[i], arguments[i], L"/k"});
         }
     }
-    return options.program.empty() || options.rounds < 1 ? std::nullopt : std::optional(options);
+    subjects.push_back({L"winecfg (tabs)", WindowsFile(L"system32\\winecfg.exe")});
+    subjects.push_back({L"Internet settings (tabs)", WindowsFile(L"system32\\control.exe"), L"inetcpl.cpl"});
+    subjects.push_back({L"game controllers (tabs)", WindowsFile(L"system32\\control.exe"), L"joy.cpl"});
+    subjects.push_back({L"taskmgr (tabs)", WindowsFile(L"system32\\taskmgr.exe")});
+    subjects.push_back({L"regedit", WindowsFile(L"regedit.exe")});
+    subjects.push_back({L"notepad", WindowsFile(L"system32\\notepad.exe")});
+    return subjects;
 }
 
-std::wstring SystemFile(const wchar_t* name) {
-    wchar_t directory[MAX_PATH] = L"";
-    GetSystemDirectoryW(directory, MAX_PATH);
-    return std::wstring(directory) + L'\\' + name;
-}
-
-void PrintSubject(const Subject& subject, double floor) {
-    const std::optional<double> median = Median(subject.milliseconds);
-    if (median) {
-        const auto [least, most] =
-            std::minmax_element(subject.milliseconds.begin(), subject.milliseconds.end());
-        std::wprintf(L"%-12ls %8.1f %8.1f %8.1f %10.2f %8u\n", subject.label.c_str(), *median, *least, *most,
-                     floor > 0 ? *median / floor : 0.0, static_cast<unsigned>(subject.milliseconds.size()));
+void Print(const Subject& subject, const Subject& floor) {
+    if (subject.milliseconds.empty() || floor.milliseconds.empty()) {
+        return;
     }
-    if (!subject.failure.empty()) {
-        std::wprintf(L"%-12ls %ls\n", subject.label.c_str(), subject.failure.c_str());
-    }
-}
-
-void PrintShare(const Subject& floor, const Subject& program, const Subject& other) {
-    const std::optional<double> least = Median(floor.milliseconds);
-    const std::optional<double> ours = Median(program.milliseconds);
-    const std::optional<double> theirs = Median(other.milliseconds);
-    if (least && ours && theirs && *theirs > *least) {
-        std::wprintf(L"(%ls - floor) / (%ls - floor) = %.2f\n", program.label.c_str(), other.label.c_str(),
-                     (*ours - *least) / (*theirs - *least));
-    }
+    const double median = Median(subject.milliseconds);
+    constexpr double kLowerQuartile = 0.25;
+    constexpr double kUpperQuartile = 0.75;
+    std::wprintf(L"%-36ls %8.1f %7.1f-%6.1f %8.1f %6.2f %8.1f\n", subject.label.c_str(), median,
+                 Quantile(subject.milliseconds, kLowerQuartile),
+                 Quantile(subject.milliseconds, kUpperQuartile), median - Median(floor.milliseconds),
+                 Median(Ratios(subject.milliseconds, floor.milliseconds)), Median(subject.peakMegabytes));
 }
 
 } // namespace
 
 int wmain(int argc, wchar_t** argv) {
-    const std::optional<BenchOptions> options = ReadArguments(argc, argv);
-    if (!options) {
-        std::wprintf(
-            L"StartUpBench PROGRAM [/rounds:N] [/arguments:TEXT] [/title:TEXT] [/floor:EMPTYDIALOG]\n");
-        return 2;
+    std::vector<Subject> subjects = Subjects(argc, argv);
+    const int rounds = RoundsFrom(argc, argv, 10);
+    for (Subject& subject : subjects) {
+        MeasureOnce(subject); // warms up
+        subject.milliseconds.clear();
     }
-    Subject floor{L"EmptyDialog", options->floor, L""};
-    Subject program{L"QLBUtl", options->program, options->arguments, options->title};
-    Subject other{L"winecfg", SystemFile(L"winecfg.exe"), L""};
-    for (int round = 0; round < options->rounds; ++round) {
-        for (Subject* const subject : std::array{&floor, &program, &other}) {
-            MeasureOnce(*subject);
+    for (int round = 0; round < rounds; ++round) {
+        for (Subject& subject : subjects) {
+            MeasureOnce(subject);
         }
     }
-
-    std::wprintf(L"milliseconds until visible, idle and answering, %d rounds in turn\n", options->rounds);
-    std::wprintf(L"%-12ls %8ls %8ls %8ls %10ls %8ls\n", L"program", L"median", L"min", L"max", L"x floor",
-                 L"starts");
-    const double floorMedian = Median(floor.milliseconds).value_or(0);
-    for (const Subject* const subject : std::array<const Subject*, 3>{&floor, &program, &other}) {
-        PrintSubject(*subject, floorMedian);
+    std::wprintf(L"%-36ls %8ls %14ls %8ls %6ls %8ls\n", L"until usable, in milliseconds", L"median",
+                 L"quartiles", L"beyond", L"ratio", L"peak MB");
+    bool failed = false;
+    for (const Subject& subject : subjects) {
+        Print(subject, subjects.front());
+        if (!subject.failure.empty()) {
+            std::wprintf(L"%-36ls %ls\n", subject.label.c_str(), subject.failure.c_str());
+            failed = failed || subject.arguments == L"/k";
+        }
     }
-    PrintShare(floor, program, other);
-    return 0;
+    std::wprintf(L"%d rounds\n", rounds);
+    return failed ? 1 : 0;
 }

@@ -41,27 +41,32 @@ std::wstring DigitText(const std::wstring& key, std::size_t pos) {
 RegistryPlace PatternPlace(const std::wstring& section, const std::wstring& key) {
     constexpr std::size_t kNumberPos = 4;
     constexpr std::size_t kButtonPos = 3;
+    constexpr std::size_t kUsualPath = 64;
     const std::int32_t pattern = section.size() > kNumberPos ? LeadingNumber(section.substr(kNumberPos)) : 0;
-    RegistryPlace place{std::wstring(kProductKey) + L"\\Setting\\Set" + std::to_wstring(pattern), L"", false};
+    RegistryPlace place;
+    place.path.reserve(kUsualPath);
+    place.path.append(kProductKey).append(L"\\Setting\\Set").append(std::to_wstring(pattern));
     if (key == L"UserName") {
         place.name = L"SetName";
         return place;
     }
-    if (!ContainsIgnoreCase(key, L"Btn")) {
+    const std::wstring folded = FoldCase(key);
+    const auto has = [&folded](std::wstring_view part) { return folded.find(part) != std::wstring::npos; };
+    if (!has(L"btn")) {
         return place;
     }
-    place.path += L"\\AppKey" + DigitText(key, kButtonPos);
+    place.path.append(L"\\AppKey").append(DigitText(key, kButtonPos));
     const std::wstring program = DigitText(key, key.size() - 1);
-    if (ContainsIgnoreCase(key, L"_Name")) {
+    if (has(L"_name")) {
         place.name = L"DispTitle";
-    } else if (ContainsIgnoreCase(key, L"_Exec")) {
+    } else if (has(L"_exec")) {
         place.name = L"Execute";
-    } else if (ContainsIgnoreCase(key, L"_NumAP")) {
+    } else if (has(L"_numap")) {
         place.name = L"NumAP";
         place.isNumber = true;
-    } else if (ContainsIgnoreCase(key, L"_AP")) {
+    } else if (has(L"_ap")) {
         place.name = L"AP" + program;
-    } else if (ContainsIgnoreCase(key, L"_Title")) {
+    } else if (has(L"_title")) {
         place.name = L"ProgName" + program;
     }
     return place;

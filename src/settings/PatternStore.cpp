@@ -115,7 +115,7 @@ void PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot&
     for (int k = 1; k <= kMaxPrograms; ++k) {
         std::wstring stored = slot.AP(k);
         if (!TrimBlanks(slot.Param(k)).empty() && stored.find(L'|') == std::wstring::npos) {
-            stored += L"|" + slot.Param(k);
+            stored.append(1, L'|').append(slot.Param(k));
         }
         if (stored.empty() && store_.IniFileExist) {
             stored = L" "; // an entry without text would read as missing in an ini file

@@ -69,7 +69,7 @@ bool RegIniFunc::RegSetDword(RegistryHive hive, const std::wstring& path, const 
 
 bool RegIniFunc::RegSetString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
                               std::wstring_view value) {
-    std::string bytes = ansiText_.Encode(CutAtNul(value));
+    std::string bytes = ansiText_.Encode(value.substr(0, value.find(L'\0')));
     if (bytes.empty()) {
         bytes.push_back('\0');
     }

@@ -302,7 +302,7 @@ void frmMain::PlacePictures() {
         if (placed.button - 1 <= lastRound) {
             const int region = RoundRegionPixels(size * kTwipsPerPixel, kTwipsPerPixel);
             Region ellipse(CreateEllipticRgn(0, 0, region, region));
-            if (SetWindowRgn(picture, ellipse.get(), TRUE) != 0) {
+            if (SetWindowRgn(picture, ellipse.get(), IsWindowVisible(picture)) != 0) {
                 [[maybe_unused]] const HRGN owned = ellipse.release(); // the window owns it from here on
             }
         }

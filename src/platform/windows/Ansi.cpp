@@ -2,7 +2,14 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace {
+
+/// The same bytes in every ANSI code page of Windows, and nearly all that the store's names are made of.
+template <class Text> bool IsAscii(Text text) {
+    return std::all_of(text.begin(), text.end(), [](auto c) { return c >= 0 && c < 0x80; });
+}
 
 /// A look-alike could change a command ("｜" would become the bar before its parameters): "?" is the honest
 /// loss. UTF-8 as the ANSI code page loses nothing, and the system refuses the flag there.
@@ -14,8 +21,14 @@ DWORD EncodingFlags() {
 } // namespace
 
 std::string ToAnsi(std::wstring_view text) {
-    if (text.empty()) {
-        return {};
+    if (IsAscii(text)) {
+        constexpr std::size_t kNuls = 2; // that callers add
+        std::string bytes;
+        bytes.reserve(text.size() + kNuls);
+        for (const wchar_t c : text) {
+            bytes.push_back(static_cast<char>(c));
+        }
+        return bytes;
     }
     const int length = static_cast<int>(text.size());
     const int size =
@@ -28,8 +41,8 @@ std::string ToAnsi(std::wstring_view text) {
 }
 
 std::wstring FromAnsi(std::string_view bytes) {
-    if (bytes.empty()) {
-        return {};
+    if (IsAscii(bytes)) {
+        return {bytes.begin(), bytes.end()};
     }
     const int length = static_cast<int>(bytes.size());
     const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
