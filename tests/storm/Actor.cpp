@@ -74,6 +74,7 @@ constexpr auto kItemKeys = std::to_array<Key>({
     {"Up", 0, VK_UP},
     {"End", 0, VK_END},
     {"Star", 0, VK_MULTIPLY},
+    {"Star", 0, VK_MULTIPLY},
     {"Enter", 0, VK_RETURN},
     {"Space", 0, VK_SPACE},
 });
@@ -386,7 +387,7 @@ void Actor::SendSystemMessage(const Window& form) {
     }
     const UINT message = random_->Of(kMessages);
     Note("message " + std::to_string(message) + " to " + NameOf(form));
-    UiDriver::SendWithoutWaiting(form.Hwnd(), message);
+    UiDriver::Send(form.Hwnd(), message);
 }
 
 void Actor::Scale(const Window& form) {
@@ -411,7 +412,8 @@ void Actor::SendStrayCommand(const Scene& scene) {
         return;
     }
     Note("command " + std::to_string(id) + ", " + std::to_string(code) + " to " + NameOf(form));
-    PostMessageW(form.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(control.Hwnd()));
+    UiDriver::SendWithoutWaiting(form.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code),
+                                 reinterpret_cast<LPARAM>(control.Hwnd()));
 }
 
 void Actor::StartAgain() {

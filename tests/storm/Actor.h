@@ -18,6 +18,8 @@ public:
     /// The settings dialog is left, in one of the ways there are.
     void Leave();
 
+    void Note(const std::string& action);
+
     /// What was done last, the latest at the end.
     [[nodiscard]] const std::deque<std::string>& Log() const { return log_; }
 
@@ -41,7 +43,6 @@ private:
 
     [[nodiscard]] POINT PointIn(const RECT& rect);
     [[nodiscard]] bool Spares(const UiDriver::Window& form);
-    void Note(const std::string& action);
 
     Random* random_;
     const UiDriver::Process* process_;

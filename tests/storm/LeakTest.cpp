@@ -11,6 +11,10 @@ namespace {
 using UiDriver::Window;
 
 constexpr int kTimes = 15;
+/// What the last third of the openings may hold more than the middle third. With n openings in a third, a leak of
+/// one object in each opening shows as n.
+constexpr double kMoreObjects = 4.5; // what the system keeps for later comes in small steps
+constexpr double kMoreBytes = 64.0 * 1024;
 
 class Leak;
 
@@ -21,7 +25,7 @@ struct LeakCase : NamedCase {
 class Leak : public StormUse, public testing::WithParamInterface<LeakCase> {
 public:
     void Register() { OpenFromDialog(IDC_picButton0); }
-    void RegisterWithAllSources() {
+    void RegisterWithAllSources() { // the favourites' and the files' trees too
         const Window form = OpenFromDialog(IDC_picButton0);
         const UiDriver::TabControl tabs = form.Tab(IDC_tabMenu);
         for (int tab = 0; tab < tabs.Count(); ++tab) {
@@ -45,21 +49,27 @@ public:
     void Printing() { Print(); }
 
 protected:
-    /// How much more there is in the last third than in the one before, on the average.
-    template <class Member> static double Growth(const std::vector<Figures>& held, Member member) {
-        const std::size_t third = held.size() / 3;
-        const auto mean = [&](std::size_t first) {
-            const auto begin = held.begin() + static_cast<std::ptrdiff_t>(first);
-            const double sum = std::accumulate(begin, begin + static_cast<std::ptrdiff_t>(third), 0.0,
-                                               [&](double before, const Figures& each) {
-                                                   return before + static_cast<double>(each.*member);
-                                               });
-            return sum / static_cast<double>(third);
+    using Third = std::vector<Figures>;
+
+    static Third Last(const Third& held) { return {held.end() - Size(held), held.end()}; }
+    static Third Middle(const Third& held) { return {held.end() - 2 * Size(held), held.end() - Size(held)}; }
+
+    template <class Member> static double Mean(const Third& third, Member member) {
+        const auto add = [&](double sum, const Figures& each) {
+            return sum + static_cast<double>(each.*member);
         };
-        return mean(held.size() - third) - mean(held.size() - 2 * third);
+        return std::accumulate(third.begin(), third.end(), 0.0, add) / static_cast<double>(third.size());
+    }
+
+    /// Memory goes up and down by what the system holds back before it frees it.
+    static double LeastBytes(const Third& third) {
+        const auto less = [](const Figures& a, const Figures& b) { return a.privateBytes < b.privateBytes; };
+        return static_cast<double>(std::min_element(third.begin(), third.end(), less)->privateBytes);
     }
 
 private:
+    static std::ptrdiff_t Size(const Third& held) { return static_cast<std::ptrdiff_t>(held.size() / 3); }
+
     Window OpenFromDialog(int control) { return OpenOver(Dialog(), control); }
     Window OpenOver(const Window& owner, int control) {
         owner.Control(control).Press();
@@ -76,17 +86,24 @@ TEST_P(Leak, NothingStaysBehind) {
         CloseAll();
         held.push_back(Held());
     }
-    const double windows = Growth(held, &Figures::windows);
-    const double gdiObjects = Growth(held, &Figures::gdiObjects);
-    const double kernelHandles = Growth(held, &Figures::kernelHandles);
-    const double privateBytes = Growth(held, &Figures::privateBytes);
+    const Third middle = Middle(held);
+    const Third last = Last(held);
+    const double windows = Mean(last, &Figures::windows) - Mean(middle, &Figures::windows);
+    const double gdiObjects = Mean(last, &Figures::gdiObjects) - Mean(middle, &Figures::gdiObjects);
+    const double kernelHandles = Mean(last, &Figures::kernelHandles) - Mean(middle, &Figures::kernelHandles);
+    const double privateBytes = LeastBytes(last) - LeastBytes(middle);
     std::cout << GetParam().name << ", " << times << " times: " << held.front() << " … " << held.back()
               << "; growth " << windows << ", " << gdiObjects << ", " << kernelHandles << ", "
               << privateBytes / 1024 << " KB\n";
-    EXPECT_LT(windows, 1);
-    EXPECT_LT(gdiObjects, 1);
-    EXPECT_LT(kernelHandles, 1);
-    EXPECT_LT(privateBytes, 65536);
+    if (std::getenv("QLB_STORM_LOG") != nullptr) {
+        for (const Figures& each : held) {
+            std::cout << "  " << each << '\n';
+        }
+    }
+    EXPECT_LT(windows, kMoreObjects);
+    EXPECT_LT(gdiObjects, kMoreObjects);
+    EXPECT_LT(kernelHandles, kMoreObjects);
+    EXPECT_LT(privateBytes, kMoreBytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -53,6 +53,12 @@ Scene Scene::Of(const Process& process) {
             }
         }
     }
+    if (!scene.dialogs.empty()) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        const DWORD thread = GetWindowThreadProcessId(scene.dialogs.front().Hwnd(), nullptr);
+        scene.inMenuMode = GetGUIThreadInfo(thread, &info) && (info.flags & GUI_INMENUMODE) != 0;
+    }
     return scene;
 }
 
@@ -101,4 +107,12 @@ std::string NameOf(const Window& window) {
 std::string NameOf(const Control& control) {
     return UiDriver::ToUtf8(UiDriver::ClassNameOf(control.Hwnd()) + L' ' +
                             std::to_wstring(GetDlgCtrlID(control.Hwnd())));
+}
+
+std::string Description(const Scene& scene) {
+    std::string text;
+    for (const Window& dialog : scene.dialogs) {
+        text += NameOf(dialog) + (IsWindowEnabled(dialog.Hwnd()) ? ", " : " (disabled), ");
+    }
+    return text + (scene.menu ? "a menu" : scene.inMenuMode ? "menu mode" : "no menu");
 }

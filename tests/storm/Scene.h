@@ -12,6 +12,7 @@ struct Scene {
     std::vector<UiDriver::Window> active;  ///< forms and the system's dialogs that take input: should be one
     std::vector<UiDriver::Window> dialogs; ///< the same and those that wait for another
 
+    bool inMenuMode = false;   ///< the keys go to a menu, even though none is shown
     bool activeIsForm = false; ///< and not one of the system's
 
     static Scene Of(const UiDriver::Process& process);
@@ -31,3 +32,4 @@ std::vector<UiDriver::Control> Reachable(const UiDriver::Window& form);
 /// For logs: the same in every run, which window handles aren't.
 std::string NameOf(const UiDriver::Window& window);
 std::string NameOf(const UiDriver::Control& control);
+std::string Description(const Scene& scene);

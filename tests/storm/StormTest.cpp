@@ -3,6 +3,7 @@
 #include "driver/Message.h"
 #include "driver/RemoteMemory.h"
 
+#include <array>
 #include <iostream>
 
 namespace {
@@ -50,15 +51,64 @@ protected:
     }
 
 private:
-    void Rage(Random& random, Actor& actor) {
-        for (int i = 0; i < kActions; ++i) {
-            const Scene scene = AwaitScene();
-            actor.Act(scene);
+    /// By chance alone most of the time would pass in the settings dialog.
+    void OpenSomething(Random& random, Actor& actor) {
+        struct Way {
+            int page;
+            int control; ///< 0: none
+        };
+        static constexpr auto kWays = std::to_array<Way>({{0, 0},
+                                                          {1, 0},
+                                                          {2, 0},
+                                                          {0, IDC_picButton0},
+                                                          {0, IDC_picButton2},
+                                                          {0, IDC_picButton3},
+                                                          {1, IDC_picButton5},
+                                                          {0, IDC_cmdUserManager0},
+                                                          {0, IDC_cmdWizard0},
+                                                          {1, IDC_cmdWizard1},
+                                                          {2, IDC_CmdFontColor},
+                                                          {0, IDC_cmdPrint}});
+        const Way& way = random.Of(kWays);
+        actor.Note("open page " + std::to_string(way.page) + ", " + std::to_string(way.control));
+        OpenPage(way.page);
+        if (way.control != 0 && Item(way.control).Enabled()) {
+            PressIn(Dialog(), way.control);
+        }
+        Settle();
+        const UiDriver::Window form = AwaitScene().Active();
+        if (form.HasControl(IDC_tabMenu)) {
+            const int tab = random.Below(form.Tab(IDC_tabMenu).Count());
+            actor.Note("select tab " + std::to_string(tab));
+            form.Tab(IDC_tabMenu).Select(tab);
             Settle();
+        }
+    }
+
+    /// What tells of the printing closes by itself, under its user's hand.
+    static void TryToAct(Actor& actor, const Scene& scene) {
+        try {
+            actor.Act(scene);
+        } catch (const std::exception&) {
+            if (scene.Active().Exists()) {
+                throw;
+            }
+            actor.Note("(it was just closing)");
+        }
+    }
+
+    void Rage(Random& random, Actor& actor) {
+        OpenSomething(random, actor);
+        Scene scene;
+        for (int i = 0; i < kActions; ++i) {
+            const Scene before = scene;
+            scene = AwaitScene();
             if (!Program().Running()) {
-                ExpectGoodEnd(scene);
+                ExpectGoodEnd(before);
                 return;
             }
+            TryToAct(actor, scene);
+            Settle();
         }
         BackToDialog();
         RestoreScaling();
@@ -72,14 +122,18 @@ private:
         }
     }
 
-    /// Exactly one dialog takes input. For a moment, when one opens or closes, it may be none or two.
+    /// Exactly one dialog takes input, as long as the program runs. For a moment, when one opens or closes, it
+    /// may be none or two.
     Scene AwaitScene() const {
         Scene scene;
         const auto one = [&] {
             scene = Scene::Of(Program());
-            return scene.active.size() == 1;
+            return scene.active.size() == 1 || !Program().Running();
         };
-        UiDriver::WaitUntil(one, L"exactly one dialog to be enabled", UiDriver::Milliseconds(2000));
+        const bool found = !UiDriver::HoldsFor([&] { return !one(); }, UiDriver::Milliseconds(2000));
+        if (!found) {
+            UiDriver::Fail(L"not exactly one dialog is enabled: " + UiDriver::FromUtf8(Description(scene)));
+        }
         return scene;
     }
 

@@ -10,7 +10,7 @@ using UiDriver::Window;
 namespace {
 
 constexpr UINT kAnswerMs = 2000;
-constexpr Milliseconds kBetweenLooks{40};
+constexpr Milliseconds kBetweenLooks{50};
 constexpr Milliseconds kLongestUnrest{3000};
 constexpr Milliseconds kAtOnce{10};
 constexpr int kMostCloses = 100;
@@ -35,6 +35,7 @@ int StormUse::Number(const char* environmentVariable, int otherwise) {
 }
 
 void StormUse::StartWarm() {
+    Seed(); // over what was saved before
     StartHere(L"/t:0");
     for (const int page : {0, 1, 2}) {
         OpenPage(page);
@@ -122,28 +123,31 @@ Figures StormUse::Held() const {
 }
 
 void StormUse::CloseTop(const Scene& scene) const {
-    if (scene.menu) {
-        UiDriver::SendWithoutWaiting(Dialog().Hwnd(), WM_CANCELMODE);
-        PostMessageW(scene.menu->Hwnd(), WM_KEYDOWN, VK_ESCAPE, 0);
+    if (scene.menu || scene.inMenuMode) {
+        UiDriver::Keyboard::Press(VK_ESCAPE);
         return;
     }
     if (scene.active.empty()) {
         return;
     }
     const Window& top = scene.Active();
-    // A question that only has Yes and No has no close box.
-    const bool mustBeAnswered = top.HasControl(IDYES) && !top.HasControl(IDCANCEL) &&
-                                !UiDriver::SameClass(top.ClassName(), UiDriver::kFormClass);
-    if (mustBeAnswered) {
-        top.Control(IDYES).Press();
-    } else {
-        top.Close();
+    try {
+        // A question that only has Yes and No has no close box.
+        if (!scene.activeIsForm && top.HasControl(IDYES) && !top.HasControl(IDCANCEL)) {
+            top.Control(IDYES).Press();
+        } else {
+            top.Close();
+        }
+    } catch (const std::exception&) {
+        if (top.Exists()) {
+            throw;
+        } // else it was just closing by itself
     }
 }
 
 bool StormUse::Alone() const {
     const Scene scene = Scene::Of(Program());
-    return !scene.menu && scene.dialogs.size() == 1 && scene.active.size() == 1;
+    return !scene.menu && !scene.inMenuMode && scene.dialogs.size() == 1 && scene.active.size() == 1;
 }
 
 void StormUse::CloseAll() const {
@@ -160,7 +164,8 @@ void StormUse::CloseAll() const {
             UiDriver::Pause(kAtOnce);
         }
     }
-    UiDriver::Fail(L"the open dialogs do not close");
+    UiDriver::Fail(L"the open dialogs do not close: " +
+                   UiDriver::FromUtf8(Description(Scene::Of(Program()))));
 }
 
 void StormUse::BackToDialog() const {
