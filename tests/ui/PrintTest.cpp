@@ -1,4 +1,5 @@
 #include "BrowseUse.h"
+#include "TestPrinter.h"
 #include "UiTest.h"
 
 #include <dlgs.h>
@@ -8,7 +9,6 @@
 
 using UiDriver::Milliseconds;
 using UiDriver::ModalBox;
-using UiDriver::Process;
 using UiDriver::Window;
 
 namespace {
@@ -19,14 +19,6 @@ using testing::StartsWith;
 
 constexpr Milliseconds kPrinterTime{30000}; // the first use of a printer's fonts takes seconds
 constexpr std::size_t kSmallestPrintout = 5000;
-
-void RunInstaller(const std::wstring& arguments) {
-    const Process installer = Process::Start(UiDriver::OnDriveZ(QLB_INSTALL_PRINTER_PATH),
-                                             L'"' + UiDriver::OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments);
-    if (installer.WaitForExit(kPrinterTime) != EXIT_SUCCESS) {
-        UiDriver::Fail(L"the test printer could not be installed or removed");
-    }
-}
 
 DWORD PrinterCount() {
     DWORD bytes = 0;
@@ -39,21 +31,6 @@ DWORD PrinterCount() {
     }
     return count;
 }
-
-/// The system's printer, whose output a shell command gets.
-class TestPrinter {
-public:
-    explicit TestPrinter(const std::wstring& command) { RunInstaller(L"\"|" + command + L'"'); }
-    TestPrinter(const TestPrinter&) = delete;
-    TestPrinter& operator=(const TestPrinter&) = delete;
-    ~TestPrinter() {
-        try {
-            RunInstaller(L"x /remove");
-        } catch (const std::exception& error) {
-            ADD_FAILURE() << error.what();
-        }
-    }
-};
 
 std::size_t Count(const std::string& text, const std::string& part) {
     std::size_t count = 0;

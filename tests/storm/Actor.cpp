@@ -1,0 +1,457 @@
+#include "Actor.h"
+
+#include "Texts.h"
+#include "driver/Message.h"
+#include "driver/RemoteMemory.h"
+#include "resources/resource.h"
+
+#include <commctrl.h>
+#include <dlgs.h>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+using UiDriver::Control;
+using UiDriver::MouseButton;
+using UiDriver::Window;
+
+namespace {
+
+constexpr std::size_t kKept = 60;
+
+struct Key {
+    const char* name;
+    WORD modifier;
+    WORD code;
+};
+
+constexpr auto kKeys = std::to_array<Key>({
+    {"Tab", 0, VK_TAB},
+    {"Tab", 0, VK_TAB},
+    {"Shift+Tab", VK_SHIFT, VK_TAB},
+    {"Enter", 0, VK_RETURN},
+    {"Escape", 0, VK_ESCAPE},
+    {"Space", 0, VK_SPACE},
+    {"Space", 0, VK_SPACE},
+    {"Left", 0, VK_LEFT},
+    {"Right", 0, VK_RIGHT},
+    {"Up", 0, VK_UP},
+    {"Down", 0, VK_DOWN},
+    {"Down", 0, VK_DOWN},
+    {"Shift+Left", VK_SHIFT, VK_LEFT},
+    {"Home", 0, VK_HOME},
+    {"End", 0, VK_END},
+    {"Page up", 0, VK_PRIOR},
+    {"Page down", 0, VK_NEXT},
+    {"Delete", 0, VK_DELETE},
+    {"Backspace", 0, VK_BACK},
+    {"F1", 0, VK_F1},
+    {"F2", 0, VK_F2},
+    {"F4", 0, VK_F4},
+    {"F5", 0, VK_F5},
+    {"Shift+F10", VK_SHIFT, VK_F10},
+    {"Menu key", 0, VK_APPS},
+    {"Ctrl+Tab", VK_CONTROL, VK_TAB},
+    {"Ctrl+Page up", VK_CONTROL, VK_PRIOR},
+    {"Ctrl+Page down", VK_CONTROL, VK_NEXT},
+    {"Ctrl+A", VK_CONTROL, 'A'},
+    {"Ctrl+C", VK_CONTROL, 'C'},
+    {"Ctrl+V", VK_CONTROL, 'V'},
+    {"Ctrl+X", VK_CONTROL, 'X'},
+    {"Ctrl+Z", VK_CONTROL, 'Z'},
+    {"Star", 0, VK_MULTIPLY},
+    {"Plus", 0, VK_ADD},
+    {"Minus", 0, VK_SUBTRACT},
+    {"Alt+Space", VK_MENU, VK_SPACE},
+});
+
+constexpr auto kItemKeys = std::to_array<Key>({
+    {"Right", 0, VK_RIGHT},
+    {"Right", 0, VK_RIGHT},
+    {"Down", 0, VK_DOWN},
+    {"Left", 0, VK_LEFT},
+    {"Up", 0, VK_UP},
+    {"End", 0, VK_END},
+    {"Star", 0, VK_MULTIPLY},
+    {"Star", 0, VK_MULTIPLY},
+    {"Enter", 0, VK_RETURN},
+    {"Space", 0, VK_SPACE},
+});
+
+void Press(const Key& key) {
+    if (key.modifier == 0) {
+        UiDriver::Keyboard::Press(key.code);
+    } else {
+        UiDriver::Keyboard::Press({key.modifier}, key.code);
+    }
+}
+
+/// A dialog button, not one of the options or check boxes.
+bool IsPushButton(const Control& control) {
+    const LONG type = control.Style() & BS_TYPEMASK;
+    return UiDriver::SameClass(control.ClassName(), WC_BUTTONW) &&
+           (type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON);
+}
+
+bool IsPrintDialog(const Window& form) {
+    return form.HasControl(rad3) && form.HasControl(edt3);
+}
+
+} // namespace
+
+void Actor::Note(const std::string& action) {
+    static const bool all = std::getenv("QLB_STORM_LOG") != nullptr;
+    if (all) {
+        std::cout << "  " << action << '\n' << std::flush;
+    }
+    log_.push_back(action);
+    if (log_.size() > kKept) {
+        log_.pop_front();
+    }
+}
+
+POINT Actor::PointIn(const RECT& rect) {
+    const auto within = [&](LONG begin, LONG end, int limit) {
+        const LONG wanted = begin + random_->Below(std::max(1, static_cast<int>(end - begin)));
+        return std::clamp<LONG>(wanted, 0, limit - 1);
+    };
+    const LONG x = within(rect.left, rect.right, GetSystemMetrics(SM_CXSCREEN));
+    return {x, within(rect.top, rect.bottom, GetSystemMetrics(SM_CYSCREEN))};
+}
+
+bool Actor::Spares(const Window& form) {
+    // Else most of the actions would end the program.
+    return form.Hwnd() == dialog_.Hwnd() && !random_->OneIn(8);
+}
+
+void Actor::Act(const Scene& scene) {
+    if (scene.menu) {
+        InMenu(*scene.menu);
+        return;
+    }
+    const Window& form = scene.Active();
+    if (form.Minimised()) {
+        Note("restore " + NameOf(form));
+        form.Restore();
+        return;
+    }
+    if (scene.ShowsFiles()) {
+        Note("cancel " + NameOf(form));
+        form.Close();
+        return;
+    }
+    if (GetForegroundWindow() != form.Hwnd()) {
+        SetForegroundWindow(form.Hwnd());
+        UiDriver::Send(form.Hwnd(), WM_NULL);
+    }
+    const int kind = random_->Below(100);
+    if (kind < 62) {
+        OnControl(form);
+    } else if (kind < 82) {
+        PressKey(form);
+    } else if (kind < 86) {
+        Type();
+    } else if (kind < 89) {
+        Move(form);
+    } else if (kind < 93) {
+        SendSystemMessage(form);
+    } else if (kind < 97) {
+        SendStrayCommand(scene);
+    } else if (kind < 98) {
+        StartAgain();
+    } else {
+        Close(form);
+    }
+}
+
+void Actor::InMenu(const Window& menu) {
+    const RECT rect = menu.Rect();
+    switch (random_->Below(8)) {
+    case 0:
+        Note("Escape in the menu");
+        UiDriver::Keyboard::Press(VK_ESCAPE);
+        break;
+    case 1:
+        Note("Right in the menu");
+        UiDriver::Keyboard::Press(VK_RIGHT);
+        break;
+    case 2:
+        Note("Enter in the menu");
+        UiDriver::Keyboard::Press(VK_RETURN);
+        break;
+    case 3:
+    case 4:
+        Note("Down in the menu");
+        UiDriver::Keyboard::Press(VK_DOWN);
+        break;
+    case 5:
+        Note("click beside the menu");
+        UiDriver::Mouse::Click({2, 2});
+        break;
+    default:
+        Note("click in the menu");
+        UiDriver::Mouse::Click(PointIn(rect));
+        break;
+    }
+}
+
+void Actor::OnControl(const Window& form) {
+    const std::vector<Control> controls = Reachable(form);
+    if (controls.empty()) {
+        PressKey(form);
+        return;
+    }
+    OnControl(form, random_->Of(controls));
+}
+
+void Actor::OnControl(const Window& form, const Control& control) {
+    const std::wstring className = control.ClassName();
+    const auto is = [&](const wchar_t* name) { return UiDriver::SameClass(className, name); };
+    const bool ends = IsPushButton(control) && (control.Id() == IDOK || control.Id() == IDCANCEL);
+    // Into a file: the system would ask for its name next.
+    const bool asksForFile = control.Id() == chx1 && IsPrintDialog(form);
+    if ((ends && Spares(form)) || asksForFile) {
+        PressKey(form);
+    } else if (is(WC_TREEVIEWW) || is(WC_LISTBOXW)) {
+        OnItems(form, control);
+    } else if (is(WC_EDITW)) {
+        OnEdit(control);
+    } else if (is(WC_COMBOBOXW)) {
+        OnCombo(control);
+    } else if (is(WC_TABCONTROLW)) {
+        OnTabs(control);
+    } else if (random_->OneIn(10)) {
+        Note("right click on " + NameOf(control));
+        UiDriver::Mouse::Click(control.Centre(), MouseButton::Right);
+    } else if (random_->OneIn(10)) {
+        Note("double click on " + NameOf(control));
+        UiDriver::Mouse::DoubleClick(control.Centre());
+    } else {
+        Note("click on " + NameOf(control));
+        UiDriver::Mouse::Click(control.Centre());
+    }
+}
+
+void Actor::OnEdit(const Control& control) {
+    const bool menu = random_->OneIn(4);
+    Note((menu ? "right click on " : "click on ") + NameOf(control));
+    UiDriver::Mouse::Click(control.Centre(), menu ? MouseButton::Right : MouseButton::Left);
+    if (!menu) {
+        Type();
+    }
+}
+
+void Actor::OnCombo(const Control& control) {
+    switch (random_->Below(3)) {
+    case 0:
+        Note("click on " + NameOf(control));
+        UiDriver::Mouse::Click(control.Centre());
+        break;
+    case 1: {
+        // The list drops down below the box.
+        const RECT rect = control.Rect();
+        const int row = random_->Below(8);
+        const int height = static_cast<int>(rect.bottom - rect.top);
+        Note("pick row " + std::to_string(row) + " of " + NameOf(control));
+        UiDriver::Mouse::Click(control.Centre());
+        UiDriver::Mouse::Click(PointIn({rect.left + height, rect.bottom + row * height * 2 / 3,
+                                        rect.right - 2 * height, rect.bottom + (row + 1) * height * 2 / 3}));
+        break;
+    }
+    default:
+        Note("open, Down and Enter in " + NameOf(control));
+        UiDriver::Mouse::Click(control.Centre());
+        UiDriver::Keyboard::Press(VK_DOWN);
+        UiDriver::Keyboard::Press(VK_RETURN);
+        break;
+    }
+}
+
+void Actor::OnTabs(const Control& control) {
+    const UiDriver::TabControl tabs(control.Hwnd());
+    const int tab = random_->Below(std::max(1, tabs.Count()));
+    const RECT label = tabs.LabelRect(tab);
+    Note("click on tab " + std::to_string(tab));
+    UiDriver::Mouse::Click({(label.left + label.right) / 2, (label.top + label.bottom) / 2});
+}
+
+void Actor::OnItems(const Window& form, const Control& control) {
+    RECT rect = control.Rect();
+    const bool top = random_->OneIn(2); // where the items are when there are only few
+    if (top) {
+        rect.bottom = std::min(rect.bottom, rect.top + 120);
+    }
+    switch (random_->Below(7)) {
+    case 0: {
+        const POINT at = PointIn(rect);
+        Note("double click in " + NameOf(control));
+        UiDriver::Mouse::DoubleClick(at);
+        break;
+    }
+    case 1: {
+        const POINT at = PointIn(rect);
+        Note("right click in " + NameOf(control));
+        UiDriver::Mouse::Click(at, MouseButton::Right);
+        break;
+    }
+    case 2:
+    case 3:
+        DragFrom(form, control);
+        break;
+    case 4: {
+        const Key& key = random_->Of(kItemKeys);
+        const POINT at = PointIn(rect);
+        Note(std::string("click in ") + NameOf(control) + ", then " + key.name);
+        UiDriver::Mouse::Click(at);
+        Press(key);
+        break;
+    }
+    default: {
+        const POINT at = PointIn(rect);
+        Note("click in " + NameOf(control));
+        UiDriver::Mouse::Click(at);
+        break;
+    }
+    }
+}
+
+void Actor::DragFrom(const Window& form, const Control& control) {
+    RECT rect = control.Rect();
+    rect.right = std::min(rect.right, rect.left + 150);
+    rect.bottom = std::min(rect.bottom, rect.top + 150);
+    const POINT from = PointIn(rect);
+    POINT to = PointIn(form.Rect());
+    std::string target = "somewhere";
+    const std::vector<Control> targets = Reachable(form);
+    if (!random_->OneIn(3)) {
+        const Control& chosen = random_->Of(targets);
+        to = chosen.Centre();
+        target = NameOf(chosen);
+    }
+    const int end = random_->Below(6);
+    Note("drag from " + NameOf(control) + " to " + target + (end == 0 ? ", then Escape" : ""));
+    UiDriver::Mouse::MoveTo(from);
+    UiDriver::Mouse::Down();
+    UiDriver::Mouse::Glide(from, to, 6);
+    if (end == 0) {
+        UiDriver::Keyboard::Press(VK_ESCAPE);
+    }
+    UiDriver::Mouse::Up();
+}
+
+void Actor::PressKey(const Window& form) {
+    if (random_->OneIn(6)) {
+        const auto letter = static_cast<WORD>('A' + random_->Below(26));
+        Note(std::string("Alt+") + static_cast<char>(letter));
+        UiDriver::Keyboard::Press({VK_MENU}, letter);
+        return;
+    }
+    const Key& key = random_->Of(kKeys);
+    const bool ends = key.code == VK_ESCAPE || key.code == VK_RETURN;
+    if (ends && Spares(form)) {
+        return;
+    }
+    Note(key.name);
+    Press(key);
+}
+
+void Actor::Type() {
+    static const std::array<std::wstring, 7> texts = {
+        L"a", L"2", L" ", L"Büro", L"日本語", L"& <\"|", std::wstring(30, L'x')};
+    const std::wstring& text = random_->Of(texts);
+    Note("type \"" + UiDriver::ToUtf8(text) + '"');
+    UiDriver::Keyboard::Type(text);
+}
+
+void Actor::Move(const Window& form) {
+    if (form.Hwnd() == dialog_.Hwnd() && random_->OneIn(4)) {
+        Note("minimise " + NameOf(form));
+        form.Minimise();
+        return;
+    }
+    const int x = random_->Below(GetSystemMetrics(SM_CXSCREEN) - 300);
+    const int y = random_->Below(GetSystemMetrics(SM_CYSCREEN) - 300);
+    Note("move " + NameOf(form) + " to " + std::to_string(x) + ", " + std::to_string(y));
+    SetWindowPos(form.Hwnd(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Actor::SendSystemMessage(const Window& form) {
+    static constexpr auto kMessages =
+        std::to_array<UINT>({WM_SYSCOLORCHANGE, WM_SETTINGCHANGE, WM_FONTCHANGE, WM_THEMECHANGED,
+                             WM_DISPLAYCHANGE, WM_TIMER, WM_CANCELMODE, WM_CAPTURECHANGED, WM_ENDSESSION});
+    const bool ours = UiDriver::SameClass(form.ClassName(), UiDriver::kFormClass);
+    if (ours && random_->OneIn(3)) {
+        Scale(form);
+        return;
+    }
+    const UINT message = random_->Of(kMessages);
+    Note("message " + std::to_string(message) + " to " + NameOf(form));
+    UiDriver::Send(form.Hwnd(), message);
+}
+
+void Actor::Scale(const Window& form) {
+    static constexpr std::array<WORD, 4> kScalings = {96, 120, 144, 192};
+    const WORD dpi = random_->Of(kScalings);
+    const RECT place = form.Rect();
+    const UiDriver::RemoteMemory memory(form.Hwnd(), sizeof place);
+    memory.Write(0, &place, sizeof place);
+    Note("scale " + NameOf(form) + " to " + std::to_string(dpi));
+    UiDriver::Send(form.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.Param());
+}
+
+void Actor::SendStrayCommand(const Scene& scene) {
+    const Window& form = random_->Of(scene.dialogs);
+    if (!UiDriver::SameClass(form.ClassName(), UiDriver::kFormClass)) {
+        return;
+    }
+    const Control control = random_->Of(form.Controls());
+    const int id = GetDlgCtrlID(control.Hwnd());
+    const auto code = static_cast<WORD>(random_->Below(3));
+    if ((id == IDOK || id == IDCANCEL) && Spares(form)) {
+        return;
+    }
+    Note("command " + std::to_string(id) + ", " + std::to_string(code) + " to " + NameOf(form));
+    UiDriver::SendWithoutWaiting(form.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code),
+                                 reinterpret_cast<LPARAM>(control.Hwnd()));
+}
+
+void Actor::StartAgain() {
+    static const std::array<std::wstring, 4> arguments = {L"/k", L"/t:1", L"/w:1", L""};
+    const std::wstring& chosen = random_->Of(arguments);
+    Note("start again with " + UiDriver::ToUtf8(chosen));
+    const UiDriver::Process second = UiDriver::Process::Start(programPath_, chosen);
+    if (second.WaitForExit() != 0) {
+        UiDriver::Fail(L"the second start did not end well");
+    }
+}
+
+void Actor::Close(const Window& form) {
+    if (Spares(form)) {
+        return;
+    }
+    Note("close " + NameOf(form));
+    form.Close();
+}
+
+void Actor::Leave() {
+    switch (random_->Below(4)) {
+    case 0:
+        Note("leave by Cancel");
+        dialog_.Control(IDC_cmdCancel).Press();
+        break;
+    case 1:
+        Note("leave by OK");
+        dialog_.Control(IDC_cmdOK).Press();
+        break;
+    case 2:
+        Note("leave by Escape");
+        dialog_.BringToFront();
+        UiDriver::Keyboard::Press(VK_ESCAPE);
+        break;
+    default:
+        Note("leave by the close box");
+        dialog_.Close();
+        break;
+    }
+}

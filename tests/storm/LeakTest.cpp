@@ -1,0 +1,120 @@
+#include "StormUse.h"
+
+#include <dlgs.h>
+
+#include <algorithm>
+#include <iostream>
+#include <numeric>
+
+namespace {
+
+using UiDriver::Window;
+
+constexpr int kTimes = 15;
+/// What the last third of the openings may hold more than the middle third. With n openings in a third, a leak of
+/// one object in each opening shows as n.
+constexpr double kMoreObjects = 4.5; // what the system keeps for later comes in small steps
+constexpr double kMoreBytes = 64.0 * 1024;
+
+class Leak;
+
+struct LeakCase : NamedCase {
+    void (Leak::*open)();
+};
+
+class Leak : public StormUse, public testing::WithParamInterface<LeakCase> {
+public:
+    void Register() { OpenFromDialog(IDC_picButton0); }
+    void RegisterWithAllSources() { // the favourites' and the files' trees too
+        const Window form = OpenFromDialog(IDC_picButton0);
+        const UiDriver::TabControl tabs = form.Tab(IDC_tabMenu);
+        for (int tab = 0; tab < tabs.Count(); ++tab) {
+            tabs.Select(tab);
+        }
+        Settle();
+    }
+    void Manager() { OpenFromDialog(IDC_cmdUserManager0); }
+    void NameQuestion() { OpenOver(OpenFromDialog(IDC_cmdUserManager0), IDC_cmdAdd); }
+    void Wizard() { OpenFromDialog(IDC_cmdWizard0); }
+    void WizardsQuestion() { OpenOver(OpenFromDialog(IDC_cmdWizard0), IDC_cmdCancel); }
+    void SaveQuestion() {
+        NameBox(1).SetText(NameBox(1).Text() == L"x" ? L"y" : L"x");
+        OpenFromDialog(IDC_cmdOK);
+    }
+    void Colour() {
+        OpenPage(2);
+        OpenFromDialog(IDC_CmdFontColor);
+    }
+    void Printer() { OpenFromDialog(IDC_cmdPrint); }
+    void Printing() { Print(); }
+
+protected:
+    using Third = std::vector<Figures>;
+
+    static Third Last(const Third& held) { return {held.end() - Size(held), held.end()}; }
+    static Third Middle(const Third& held) { return {held.end() - 2 * Size(held), held.end() - Size(held)}; }
+
+    template <class Member> static double Mean(const Third& third, Member member) {
+        const auto add = [&](double sum, const Figures& each) {
+            return sum + static_cast<double>(each.*member);
+        };
+        return std::accumulate(third.begin(), third.end(), 0.0, add) / static_cast<double>(third.size());
+    }
+
+    /// Memory goes up and down by what the system holds back before it frees it.
+    static double LeastBytes(const Third& third) {
+        const auto less = [](const Figures& a, const Figures& b) { return a.privateBytes < b.privateBytes; };
+        return static_cast<double>(std::min_element(third.begin(), third.end(), less)->privateBytes);
+    }
+
+private:
+    static std::ptrdiff_t Size(const Third& held) { return static_cast<std::ptrdiff_t>(held.size() / 3); }
+
+    Window OpenFromDialog(int control) { return OpenOver(Dialog(), control); }
+    Window OpenOver(const Window& owner, int control) {
+        owner.Control(control).Press();
+        return AwaitOver(owner);
+    }
+};
+
+TEST_P(Leak, NothingStaysBehind) {
+    const int times = Number("QLB_LEAK_TIMES", kTimes);
+    StartHere(L"/t:0");
+    std::vector<Figures> held;
+    for (int i = 0; i < times; ++i) {
+        (this->*GetParam().open)();
+        CloseAll();
+        held.push_back(Held());
+    }
+    const Third middle = Middle(held);
+    const Third last = Last(held);
+    const double windows = Mean(last, &Figures::windows) - Mean(middle, &Figures::windows);
+    const double gdiObjects = Mean(last, &Figures::gdiObjects) - Mean(middle, &Figures::gdiObjects);
+    const double kernelHandles = Mean(last, &Figures::kernelHandles) - Mean(middle, &Figures::kernelHandles);
+    const double privateBytes = LeastBytes(last) - LeastBytes(middle);
+    std::cout << GetParam().name << ", " << times << " times: " << held.front() << " … " << held.back()
+              << "; growth " << windows << ", " << gdiObjects << ", " << kernelHandles << ", "
+              << privateBytes / 1024 << " KB\n";
+    if (std::getenv("QLB_STORM_LOG") != nullptr) {
+        for (const Figures& each : held) {
+            std::cout << "  " << each << '\n';
+        }
+    }
+    EXPECT_LT(windows, kMoreObjects);
+    EXPECT_LT(gdiObjects, kMoreObjects);
+    EXPECT_LT(kernelHandles, kMoreObjects);
+    EXPECT_LT(privateBytes, kMoreBytes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, Leak,
+    testing::Values(LeakCase{{"Register"}, &Leak::Register},
+                    LeakCase{{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources},
+                    LeakCase{{"Manager"}, &Leak::Manager}, LeakCase{{"NameQuestion"}, &Leak::NameQuestion},
+                    LeakCase{{"Wizard"}, &Leak::Wizard},
+                    LeakCase{{"WizardsQuestion"}, &Leak::WizardsQuestion},
+                    LeakCase{{"SaveQuestion"}, &Leak::SaveQuestion}, LeakCase{{"Colour"}, &Leak::Colour},
+                    LeakCase{{"Printer"}, &Leak::Printer}, LeakCase{{"Printing"}, &Leak::Printing}),
+    NameOfCase());
+
+} // namespace

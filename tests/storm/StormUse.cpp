@@ -1,0 +1,184 @@
+#include "StormUse.h"
+
+#include "driver/Message.h"
+
+#include <cstdlib>
+
+using UiDriver::Milliseconds;
+using UiDriver::Window;
+
+namespace {
+
+constexpr UINT kAnswerMs = 2000;
+constexpr Milliseconds kBetweenLooks{50};
+constexpr Milliseconds kLongestUnrest{3000};
+constexpr Milliseconds kAtOnce{10};
+constexpr int kMostCloses = 100;
+constexpr int kMostLooks = 30;
+constexpr Milliseconds kPatience{30000};
+
+} // namespace
+
+StormUse::StormUse() : printer_(L"cat >/dev/null") {
+    // What a random file name leaves goes with the folder.
+    SetCurrentDirectoryW(ScratchFolder::Path().c_str());
+}
+
+void StormUse::TearDown() {
+    SourceUse::TearDown();
+    SetCurrentDirectoryW(L"C:\\");
+}
+
+int StormUse::Number(const char* environmentVariable, int otherwise) {
+    const char* const text = std::getenv(environmentVariable);
+    return text == nullptr || *text == '\0' ? otherwise : std::stoi(text);
+}
+
+void StormUse::StartWarm() {
+    Seed(); // over what was saved before
+    StartHere(L"/t:0");
+    for (const int page : {0, 1, 2}) {
+        OpenPage(page);
+    }
+    for (const int control : {IDC_picButton0, IDC_cmdUserManager0, IDC_cmdWizard0}) {
+        OpenFrom(0, control);
+        BackToDialog();
+    }
+    OpenFrom(2, IDC_CmdFontColor);
+    BackToDialog();
+    Print();
+    BackToDialog();
+}
+
+void StormUse::OpenFrom(int page, int control) const {
+    OpenPage(page);
+    PressIn(Dialog(), control);
+}
+
+void StormUse::PressIn(const Window& form, int control) const {
+    form.Control(control).Press();
+    AwaitOver(form);
+    Settle();
+}
+
+void StormUse::Print() const {
+    Dialog().Control(IDC_cmdPrint).Press();
+    const Window dialog = AwaitOver(Dialog());
+    dialog.Control(IDOK).Press();
+    dialog.WaitUntilGone(kPatience);
+    const auto alone = [&] { return Alone(); };
+    UiDriver::WaitUntil([&] { return UiDriver::HoldsFor(alone, 2 * kBetweenLooks); },
+                        L"the end of the printing", kPatience);
+}
+
+Window StormUse::AwaitOver(const Window& owner) const {
+    return UiDriver::WaitForValue(
+        [&]() -> std::optional<Window> {
+            const Scene scene = Scene::Of(Program());
+            const bool opened = scene.active.size() == 1 && scene.Active().Hwnd() != owner.Hwnd();
+            return opened ? std::optional(scene.Active()) : std::nullopt;
+        },
+        L"a dialog over the one before", kPatience);
+}
+
+void StormUse::Settle() const {
+    const auto answers = [&] {
+        DWORD_PTR result = 0;
+        return SendMessageTimeoutW(Dialog().Hwnd(), WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &result) != 0;
+    };
+    const ULONGLONG start = GetTickCount64();
+    std::vector<std::size_t> before;
+    for (;;) {
+        if (!answers()) {
+            // A program that is about to end has no windows any more.
+            if (!IsWindow(Dialog().Hwnd())) {
+                Program().WaitForExit();
+                return;
+            }
+            UiDriver::Fail(L"the program does not answer");
+        }
+        std::vector<std::size_t> now = Appearance(Program());
+        if (now == before || GetTickCount64() - start > static_cast<ULONGLONG>(kLongestUnrest.count())) {
+            return;
+        }
+        before = std::move(now);
+        UiDriver::Pause(kBetweenLooks);
+    }
+}
+
+Figures StormUse::Held() const {
+    Dialog().WaitUntilAnswers();
+    Figures before = Figures::Of(Program());
+    for (int i = 0; i < kMostLooks; ++i) {
+        UiDriver::Pause(kAtOnce);
+        const Figures now = Figures::Of(Program());
+        const bool atRest = now.windows == before.windows && now.gdiObjects == before.gdiObjects &&
+                            now.kernelHandles == before.kernelHandles;
+        before = now;
+        if (atRest) {
+            break;
+        }
+    }
+    return before;
+}
+
+void StormUse::CloseTop(const Scene& scene) const {
+    if (scene.menu || scene.inMenuMode) {
+        UiDriver::Keyboard::Press(VK_ESCAPE);
+        return;
+    }
+    if (scene.active.empty()) {
+        return;
+    }
+    const Window& top = scene.Active();
+    try {
+        // A question that only has Yes and No has no close box.
+        if (!scene.activeIsForm && top.HasControl(IDYES) && !top.HasControl(IDCANCEL)) {
+            top.Control(IDYES).Press();
+        } else {
+            top.Close();
+        }
+    } catch (const std::exception&) {
+        if (top.Exists()) {
+            throw;
+        } // else it was just closing by itself
+    }
+}
+
+bool StormUse::Alone() const {
+    const Scene scene = Scene::Of(Program());
+    return !scene.menu && !scene.inMenuMode && scene.dialogs.size() == 1 && scene.active.size() == 1;
+}
+
+void StormUse::CloseAll() const {
+    for (int i = 0; i < kMostCloses; ++i) {
+        if (!Program().Running() || Alone()) {
+            return;
+        }
+        const Scene scene = Scene::Of(Program());
+        CloseTop(scene);
+        // Until it is gone, or has asked something, or a moment has passed.
+        const ULONGLONG start = GetTickCount64();
+        while (GetTickCount64() - start < static_cast<ULONGLONG>(kLongestUnrest.count()) / 10 &&
+               Scene::Of(Program()).dialogs.size() == scene.dialogs.size()) {
+            UiDriver::Pause(kAtOnce);
+        }
+    }
+    UiDriver::Fail(L"the open dialogs do not close: " +
+                   UiDriver::FromUtf8(Description(Scene::Of(Program()))));
+}
+
+void StormUse::BackToDialog() const {
+    Settle();
+    CloseAll();
+    if (!Program().Running()) {
+        return;
+    }
+    if (Dialog().Minimised()) {
+        Dialog().Restore();
+    }
+    Dialog().BringToFront();
+    OpenPage(0);
+    UiDriver::Mouse::MoveTo({2, 2});
+    Settle();
+}
