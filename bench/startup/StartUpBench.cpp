@@ -53,10 +53,12 @@ void Print(const Subject& subject, const Subject& floor) {
     const double median = Median(subject.milliseconds);
     constexpr double kLowerQuartile = 0.25;
     constexpr double kUpperQuartile = 0.75;
-    std::wprintf(L"%-36ls %8.1f %7.1f-%6.1f %8.1f %6.2f %8.1f\n", subject.label.c_str(), median,
+    const double least = Quantile(subject.milliseconds, 0);
+    std::wprintf(L"%-36ls %8.1f %7.1f-%6.1f %8.1f %6.2f %8.1f %6.2f %8.1f\n", subject.label.c_str(), median,
                  Quantile(subject.milliseconds, kLowerQuartile),
                  Quantile(subject.milliseconds, kUpperQuartile), median - Median(floor.milliseconds),
-                 Median(Ratios(subject.milliseconds, floor.milliseconds)), Median(subject.peakMegabytes));
+                 Median(Ratios(subject.milliseconds, floor.milliseconds)), least,
+                 least / Quantile(floor.milliseconds, 0), Median(subject.peakMegabytes));
 }
 
 } // namespace
@@ -73,8 +75,8 @@ int wmain(int argc, wchar_t** argv) {
             MeasureOnce(subject);
         }
     }
-    std::wprintf(L"%-36ls %8ls %14ls %8ls %6ls %8ls\n", L"until usable, in milliseconds", L"median",
-                 L"quartiles", L"beyond", L"ratio", L"peak MB");
+    std::wprintf(L"%-36ls %8ls %14ls %8ls %6ls %8ls %6ls %8ls\n", L"until usable, in milliseconds", L"median",
+                 L"quartiles", L"beyond", L"ratio", L"least", L"ratio", L"peak MB");
     bool failed = false;
     for (const Subject& subject : subjects) {
         Print(subject, subjects.front());

@@ -43,9 +43,11 @@ public:
         };
         table.Row(
             "save Patterns", patterns, [&] { return TimeOf([&] { return registry_.WriteBare(); }); }, ours);
-        table.Row(
-            "  asking where the maker wants them", patterns,
-            [&] { return TimeOf([&] { return registry_.ReadBare() && registry_.WriteBare(); }); }, ours);
+        if (patterns == 1) { // the floor knows each value once, and every Pattern asks for the same
+            table.Row(
+                "  asking where the maker wants it", patterns,
+                [&] { return TimeOf([&] { return registry_.ReadBare() && registry_.WriteBare(); }); }, ours);
+        }
     }
 
     void Switch(Comparison& table, bool saveOld) {
