@@ -144,7 +144,8 @@ void StormUse::CloseTop(const Scene& scene) const {
         UiDriver::Keyboard::Press(VK_ESCAPE);
         return;
     }
-    if (scene.active.empty()) {
+    // When the last dialog has closed meanwhile, the settings dialog must not follow it.
+    if (scene.active.empty() || scene.Active().Hwnd() == Dialog().Hwnd()) {
         return;
     }
     const Window& top = scene.Active();
