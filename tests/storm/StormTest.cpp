@@ -71,7 +71,7 @@ private:
                                                           {0, IDC_cmdPrint}});
         const Way& way = random.Of(kWays);
         actor.Note("open page " + std::to_string(way.page) + ", " + std::to_string(way.control));
-        OpenPage(way.page);
+        ShowPage(way.page);
         if (way.control != 0 && Item(way.control).Enabled()) {
             PressIn(Dialog(), way.control);
         }
@@ -90,7 +90,7 @@ private:
         try {
             actor.Act(scene);
         } catch (const std::exception&) {
-            if (scene.Active().Exists()) {
+            if (Stays(scene.Active())) {
                 throw;
             }
             actor.Note("(it was just closing)");

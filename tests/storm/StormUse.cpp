@@ -13,7 +13,9 @@ constexpr UINT kAnswerMs = 2000;
 constexpr Milliseconds kBetweenLooks{50};
 constexpr Milliseconds kLongestUnrest{3000};
 constexpr Milliseconds kAtOnce{10};
+constexpr Milliseconds kClosing{1000};
 constexpr int kMostCloses = 100;
+constexpr int kPages = 3;
 constexpr int kMostLooks = 30;
 constexpr Milliseconds kPatience{30000};
 
@@ -48,6 +50,17 @@ void StormUse::StartWarm() {
     BackToDialog();
     Print();
     BackToDialog();
+}
+
+void StormUse::ShowPage(int page) const {
+    // By keys: once an arrow key has changed it, Wine's tab control takes no click.
+    for (int turns = 0; Tabs().Selected() != page; ++turns) {
+        if (turns == kPages) {
+            UiDriver::Fail(L"page " + std::to_wstring(page) + L" does not open");
+        }
+        UiDriver::Keyboard::Press({VK_CONTROL}, VK_TAB);
+        Settle();
+    }
 }
 
 void StormUse::OpenFrom(int page, int control) const {
@@ -122,12 +135,17 @@ Figures StormUse::Held() const {
     return before;
 }
 
+bool StormUse::Stays(const Window& window) {
+    return UiDriver::HoldsFor([&] { return window.Exists(); }, kClosing);
+}
+
 void StormUse::CloseTop(const Scene& scene) const {
     if (scene.menu || scene.inMenuMode) {
         UiDriver::Keyboard::Press(VK_ESCAPE);
         return;
     }
-    if (scene.active.empty()) {
+    // When the last dialog has closed meanwhile, the settings dialog must not follow it.
+    if (scene.active.empty() || scene.Active().Hwnd() == Dialog().Hwnd()) {
         return;
     }
     const Window& top = scene.Active();
@@ -139,7 +157,7 @@ void StormUse::CloseTop(const Scene& scene) const {
             top.Close();
         }
     } catch (const std::exception&) {
-        if (top.Exists()) {
+        if (Stays(top)) {
             throw;
         } // else it was just closing by itself
     }
@@ -178,7 +196,7 @@ void StormUse::BackToDialog() const {
         Dialog().Restore();
     }
     Dialog().BringToFront();
-    OpenPage(0);
+    ShowPage(0);
     UiDriver::Mouse::MoveTo({2, 2});
     Settle();
 }

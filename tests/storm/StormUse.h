@@ -19,6 +19,7 @@ protected:
     /// Starts the program and has every form shown once, so that what is made only once is there.
     void StartWarm();
 
+    void ShowPage(int page) const;
     /// Presses a button and waits for what it opens.
     void OpenFrom(int page, int control) const;
     void PressIn(const UiDriver::Window& form, int control) const;
@@ -37,6 +38,9 @@ protected:
 
     /// The same, and the dialog shows its first page and is at rest.
     void BackToDialog() const;
+
+    /// Whether it isn't about to close.
+    static bool Stays(const UiDriver::Window& window);
 
     /// Taken when the program is done with closing and drawing.
     Figures Held() const;
