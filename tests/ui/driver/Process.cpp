@@ -54,8 +54,18 @@ Process Process::Start(const std::wstring& exePath, const std::wstring& argument
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
-    if (!CreateProcessW(exePath.c_str(), mutableLine.data(), nullptr, nullptr, FALSE,
-                        CREATE_UNICODE_ENVIRONMENT, block.data(), nullptr, &startup, &started)) {
+    const auto create = [&] {
+        return CreateProcessW(exePath.c_str(), mutableLine.data(), nullptr, nullptr, FALSE,
+                              CREATE_UNICODE_ENVIRONMENT, block.data(), nullptr, &startup, &started) != FALSE;
+    };
+    // Wine says so once in some hundred starts of a program that was killed just before.
+    constexpr Milliseconds kBreath{200};
+    bool created = create();
+    if (!created && GetLastError() == ERROR_INTERNAL_ERROR) {
+        Pause(kBreath);
+        created = create();
+    }
+    if (!created) {
         FailLastError(L"starting " + commandLine);
     }
     CloseHandle(started.hThread);
