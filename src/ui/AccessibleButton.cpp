@@ -70,15 +70,18 @@ public:
     }
 
     HRESULT STDMETHODCALLTYPE get_accName(VARIANT /*child*/, BSTR* name) override {
-        return Give(WithoutMnemonic(TextOf(button_)), name);
+        return !Lives() ? CO_E_OBJNOTCONNECTED : Give(WithoutMnemonic(TextOf(button_)), name);
     }
     HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT /*child*/, BSTR* description) override {
-        return Give(descriptionOf_(button_), description);
+        return !Lives() ? CO_E_OBJNOTCONNECTED : Give(descriptionOf_(button_), description);
     }
     HRESULT STDMETHODCALLTYPE get_accRole(VARIANT /*child*/, VARIANT* role) override {
-        return Give(ROLE_SYSTEM_PUSHBUTTON, role);
+        return !Lives() ? CO_E_OBJNOTCONNECTED : Give(ROLE_SYSTEM_PUSHBUTTON, role);
     }
     HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* state) override {
+        if (!Lives()) {
+            return CO_E_OBJNOTCONNECTED;
+        }
         const HRESULT result = standard_->get_accState(child, state);
         if (SUCCEEDED(result) && state->vt == VT_I4) {
             const LRESULT look = SendMessageW(button_, BM_GETSTATE, 0, 0);
@@ -89,6 +92,9 @@ public:
         return result;
     }
     HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT /*child*/) override {
+        if (!Lives() || IsWindowEnabled(GetAncestor(button_, GA_ROOT)) == FALSE) {
+            return E_FAIL; // another dialog stands over the button's
+        }
         // Not now: the dialog that opens would keep the screen reader waiting.
         return PostMessageW(button_, BM_CLICK, 0, 0) != FALSE ? S_OK : E_FAIL;
     }
@@ -155,6 +161,12 @@ public:
 
 private:
     ~AccessibleButton() = default;
+
+    /// A client may keep this longer than the window, whose handle may then be another program's.
+    [[nodiscard]] bool Lives() const {
+        DWORD process = 0;
+        return GetWindowThreadProcessId(button_, &process) != 0 && process == GetCurrentProcessId();
+    }
 
     static HRESULT Give(const std::wstring& text, BSTR* target) {
         if (target == nullptr) {

@@ -89,36 +89,6 @@ TEST_P(Manager, ReadsNamesAndTheCurrentNumber) {
     EXPECT_EQ(list.DefaultName(), L"Standard");
 }
 
-TEST_P(Manager, ReadsNoButton_BeforeItIsAskedTo) {
-    ForgetOperations();
-    list.LoadNames();
-    EXPECT_THAT(list.Names(), ElementsAre(L"One", L"Two", L"Three", L"Four"));
-    for (const std::string& asked : Asked()) {
-        if (!asked.starts_with("HKLM")) { // the defaults
-            EXPECT_THAT(
-                asked, testing::Not(testing::AnyOf(testing::HasSubstr("AppKey"), testing::HasSubstr("Btn"))));
-        }
-    }
-    list.LoadRecords();
-    EXPECT_THAT(Asked(), testing::Contains(testing::HasSubstr(GetParam() ? "Btn7_Exec" : "AppKey7 Execute")));
-}
-
-TEST_P(Manager, HasEveryButtonForAnOperation_WhenOnlyTheNamesWereRead) {
-    list.LoadNames();
-    list.Copy(2, L"Copy");
-    EXPECT_THAT(StoredNames(), testing::Contains(L"Copy: Three1"));
-    list.LoadNames();
-    list.Rename(1, L"Second");
-    EXPECT_EQ(Stored(2).Btn(7).AP(1), L"Two.exe");
-    list.LoadNames();
-    list.Add(L"New");
-    EXPECT_EQ(Stored(1).Btn(1).Name, L"One1");
-    list.LoadNames();
-    list.Delete(0);
-    EXPECT_THAT(StoredNames(), ElementsAre(L"Second: Two1", L"Three: Three1", L"Four: Four1", L"Copy: Three1",
-                                           L"New: Default mail"));
-}
-
 TEST_P(Manager, TakesTheFirstPatternAsCurrent_WhenTheNumberIsBeyondTheCount) {
     PutNumber(L"CurrUser", 9);
     list.Load();

@@ -264,8 +264,9 @@ private:
 
     /// An edit is stored, and is there after the next start.
     void CheckEdit(MainSettings& settings) {
+        const bool hadThatName = settings.Slot(3).Name == L"Edited";
         settings.SetButtonName(3, L"Edited");
-        EXPECT_TRUE(settings.PatternChanged() || settings.Slot(3).Name == L"Edited");
+        EXPECT_NE(settings.PatternChanged(), hadThatName);
         const int place = settings.StorageSlot(3);
         bool alone = true;
         for (int button = 1; button <= settings.Switches().ButtonCount(); ++button) {

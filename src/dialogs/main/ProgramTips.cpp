@@ -55,6 +55,11 @@ void ProgramTips::Leave(HWND picture) {
     }
 }
 
+void ProgramTips::Forget() {
+    entered_ = nullptr;
+    tip_.Take();
+}
+
 void ProgramTips::OnAnswer() {
     const auto question = questions_.find(entered_);
     if (question != questions_.end() && question->second && question->second->answered) {

@@ -29,6 +29,8 @@ public:
     /// The pointer is over the picture of a button with these settings.
     void Enter(HWND form, HWND picture, const ButtonSlot& slot, Look look);
     void Leave(HWND picture);
+    /// The form's font goes.
+    void Forget();
     /// The message has come.
     void OnAnswer();
     void Relay(const MSG& message) { tip_.Relay(message); }

@@ -254,6 +254,7 @@ void frmMain::CreateDialogButtons() {
 }
 
 SIZE frmMain::OnLayout() {
+    tips_.Forget();
     const DialogFont& font = TextFont();
     const int margin = font.PixelsX(kMargin);
     const RECT page{0, 0, font.PixelsX(kPageWidth), font.PixelsY(PageHeight())};

@@ -8,11 +8,6 @@
 PatternList::PatternList(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {}
 
 void PatternList::Load() {
-    LoadNames();
-    LoadRecords();
-}
-
-void PatternList::LoadNames() {
     patterns_.emplace(store_, buttonCount_);
     defaults_ = patterns_->LoadDefaultPattern();
     const int count = store_.ReadPatternCount();
@@ -22,23 +17,7 @@ void PatternList::LoadNames() {
     }
     records_.clear();
     for (int number = 1; number <= count; ++number) {
-        Pattern pattern;
-        pattern.UserName = patterns_->LoadPatternName(number, defaults_);
-        records_.push_back(std::move(pattern));
-    }
-    recordsLoaded_ = false;
-}
-
-void PatternList::LoadRecords() {
-    if (recordsLoaded_) {
-        return;
-    }
-    recordsLoaded_ = true;
-    int number = 0;
-    for (Pattern& record : records_) {
-        Pattern loaded = patterns_->LoadPattern(++number, defaults_);
-        loaded.UserName = std::move(record.UserName); // the name that the user sees
-        record = std::move(loaded);
+        records_.push_back(patterns_->LoadPattern(number, defaults_));
     }
 }
 
@@ -51,12 +30,10 @@ std::vector<std::wstring> PatternList::Names() const {
 }
 
 void PatternList::Add(const std::wstring& name) {
-    LoadRecords();
     Append(defaults_, name);
 }
 
 void PatternList::Copy(int index, const std::wstring& name) {
-    LoadRecords();
     Append(Record(index), name);
 }
 
@@ -71,7 +48,6 @@ void PatternList::Append(Pattern pattern, const std::wstring& name) {
 }
 
 void PatternList::Rename(int index, const std::wstring& name) {
-    LoadRecords();
     records_.at(static_cast<std::size_t>(index)).UserName = name;
     Save(index);
 }
@@ -80,7 +56,6 @@ int PatternList::Delete(int index) {
     if (!CanDelete(index)) {
         return index;
     }
-    LoadRecords();
     const int oldCount = Count();
     records_.erase(records_.begin() + index);
     // Refused writes stay without a word, here and below, as everywhere in the store.

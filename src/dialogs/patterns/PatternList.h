@@ -17,9 +17,6 @@ public:
 
     /// Reads the numbers and every Pattern.
     void Load();
-    /// Load in two steps: the numbers and the names, and then the rest, at the latest for the first operation.
-    void LoadNames();
-    void LoadRecords();
 
     [[nodiscard]] int Count() const { return static_cast<int>(records_.size()); }
     [[nodiscard]] int CurrentPattern() const { return currentPattern_; } ///< 1-based
@@ -55,6 +52,5 @@ private:
     std::optional<PatternStore> patterns_; ///< from Load on
     Pattern defaults_;
     std::vector<Pattern> records_;
-    bool recordsLoaded_ = false; ///< until then they have nothing but their names
     int currentPattern_ = 1;
 };

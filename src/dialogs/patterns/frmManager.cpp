@@ -23,14 +23,12 @@ constexpr int kButtonLeft = kMargin + kListWidth + kMargin;
 constexpr int kButtonWidth = 64;
 constexpr int kButtonHeight = 14;
 
-constexpr UINT_PTR kLoadTimer = 1;
-
 } // namespace
 
 frmManager::frmManager(HWND owner, RegIniFunc& store, int buttonCount, const StringTable& texts,
                        const AnsiText& ansiText)
     : texts_(texts), ansiText_(ansiText), patterns_(store, buttonCount) {
-    patterns_.LoadNames();
+    patterns_.Load();
     CreateHidden(owner, Globals().DialogFontName);
 }
 
@@ -63,13 +61,6 @@ void frmManager::OnCreate() {
     SendMessageW(Window(), DM_SETDEFID, IDC_cmdClose, 0);
     FillList(patterns_.CurrentPattern() - 1);
     EnableButtons();
-    // Its time comes when the form is painted: ten whole Patterns are a thousand values.
-    SetTimer(Window(), kLoadTimer, USER_TIMER_MINIMUM, nullptr);
-}
-
-void frmManager::OnTimer() {
-    KillTimer(Window(), kLoadTimer);
-    patterns_.LoadRecords();
 }
 
 SIZE frmManager::OnLayout() {

@@ -23,7 +23,6 @@ protected:
     SIZE OnLayout() override;
     void OnCommand(int id, int notification) override;
     void OnListKey(int id, WORD key) override;
-    void OnTimer() override;
     void OnClose() override { EndModal(); }
 
 private:

@@ -38,14 +38,21 @@ std::optional<RawValue> QueryRaw(HKEY key, const std::wstring& name) {
     RawValue value;
     DWORD size = 0;
     LSTATUS status = RegQueryValueExW(key, name.c_str(), nullptr, &value.type, nullptr, &size);
+    while (status == ERROR_SUCCESS) {
+        value.bytes.resize(size);
+        status = RegQueryValueExW(key, name.c_str(), nullptr, &value.type, value.bytes.data(), &size);
+        if (status == ERROR_SUCCESS) {
+            value.bytes.resize(size);
+            return value;
+        }
+        if (status == ERROR_MORE_DATA) {
+            status = ERROR_SUCCESS; // the program wrote a longer one meanwhile
+        }
+    }
     if (status == ERROR_FILE_NOT_FOUND) {
         return std::nullopt;
     }
     RequireSuccess(status, L"reading the value " + name);
-    value.bytes.resize(size);
-    status = RegQueryValueExW(key, name.c_str(), nullptr, &value.type, value.bytes.data(), &size);
-    RequireSuccess(status, L"reading the value " + name);
-    value.bytes.resize(size);
     return value;
 }
 
