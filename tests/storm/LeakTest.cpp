@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(LeakCase{{"Register"}, &Leak::Register},
                     LeakCase{{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources, kMoreBytesOfTrees},
                     LeakCase{{"Manager"}, &Leak::Manager}, LeakCase{{"NameQuestion"}, &Leak::NameQuestion},
-                    LeakCase{{"Wizard"}, &Leak::Wizard},
+                    LeakCase{{"Wizard"}, &Leak::Wizard, kMoreBytesOfTrees},
                     LeakCase{{"WizardsQuestion"}, &Leak::WizardsQuestion},
                     LeakCase{{"SaveQuestion"}, &Leak::SaveQuestion}, LeakCase{{"Colour"}, &Leak::Colour},
                     LeakCase{{"Printer"}, &Leak::Printer}, LeakCase{{"Printing"}, &Leak::Printing}),
