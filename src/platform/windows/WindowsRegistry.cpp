@@ -36,13 +36,14 @@ public:
             text_ = long_.c_str();
         }
     }
+    ~AnsiName() = default;
     AnsiName(const AnsiName&) = delete;
     AnsiName& operator=(const AnsiName&) = delete;
 
     [[nodiscard]] const char* Text() const { return text_; }
 
 private:
-    std::array<char, 128> short_;
+    std::array<char, 128> short_{};
     std::string long_;
     const char* text_ = short_.data();
 };
