@@ -78,6 +78,7 @@ endfunction()
 add_executable(QLBUtl WIN32
     app/Main.cpp
     app/RuntimeFailure.cpp
+    app/StackGuard.cpp
     dialogs/main/frmMain.cpp
     dialogs/main/frmMainControls.cpp
     dialogs/main/OnScreenPage.cpp

@@ -1,5 +1,7 @@
 #include "ui/Controls.h"
 
+#include <commctrl.h>
+
 #include <bit>
 
 std::wstring TextOf(HWND window) {
@@ -16,6 +18,14 @@ void SetTextIfOther(HWND window, const std::wstring& text) {
     if (TextOf(window) != text) {
         SetTextOf(window, text);
     }
+}
+
+void AddTab(HWND tabControl, std::wstring caption) {
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = caption.data();
+    const LRESULT count = SendMessageW(tabControl, TCM_GETITEMCOUNT, 0, 0);
+    SendMessageW(tabControl, TCM_INSERTITEMW, static_cast<WPARAM>(count), std::bit_cast<LPARAM>(&item));
 }
 
 void ComboAdd(HWND combo, const std::wstring& text, LPARAM data) {

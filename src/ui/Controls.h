@@ -24,6 +24,9 @@ private:
     HCURSOR previous_;
 };
 
+/// Behind the other tabs. An "&" in the caption marks its access key.
+void AddTab(HWND tabControl, std::wstring caption);
+
 /// Entries of a combo box are numbered from 0; -1 is no selection.
 void ComboAdd(HWND combo, const std::wstring& text, LPARAM data = 0);
 [[nodiscard]] int ComboSelection(HWND combo);

@@ -144,14 +144,15 @@ void Form::FocusControl(int id) {
     SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(Control(id)), TRUE);
 }
 
-HWND Form::AddPage(const std::wstring& name) {
+HWND Form::AddPage(const std::wstring& name, const RECT& place) {
     const HWND page = CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_PAGE), window_, PageProc, 0);
     if (page == nullptr) {
         return nullptr;
     }
     SetWindowTextW(page, name.c_str()); // what a screen reader says when the page is entered
     UseTabBackground(page);
-    SetWindowPos(page, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    SetWindowPos(page, HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOACTIVATE);
     return page;
 }
 
@@ -165,8 +166,8 @@ HWND Form::AddFrame(int id, const std::wstring& name) {
     return frame;
 }
 
-HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& text) {
-    const RECT place = font_->Pixels(row.place);
+HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& text, RECT pixels) {
+    const RECT place = row.place.cx != 0 ? font_->Pixels(row.place) : pixels;
     const HWND control =
         CreateWindowExW(row.exStyle, row.windowClass, text.c_str(), row.style | WS_CHILD | WS_VISIBLE,
                         place.left, place.top, place.right - place.left, place.bottom - place.top, parent,
@@ -207,6 +208,7 @@ void Form::OnScalingChanged(UINT dpi, const RECT& suggested) {
     }
     const ScopedFlag scaling(scaling_);
     SetScaling(dpi);
+    PlaceRows();
     const SIZE size = LayOut();
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, size.cx, size.cy,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -345,12 +347,15 @@ void Form::SetScaling(UINT dpi) {
     font_ = std::move(font); // only now: until here the controls drew with the old one
 }
 
-SIZE Form::LayOut() {
+void Form::PlaceRows() {
     for (const Placed& placed : placed_) {
         const RECT place = font_->Pixels(placed.place);
         SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
+}
+
+SIZE Form::LayOut() {
     const SIZE client = OnLayout();
     RECT frame{0, 0, client.cx, client.cy};
     AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,

@@ -63,13 +63,14 @@ protected:
     void EndModal();
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
-    /// the form's other controls and comes first in the tab order.
-    HWND AddPage(const std::wstring& name);
+    /// the form's other controls and comes first in the tab order. `place` in pixels of the client area.
+    HWND AddPage(const std::wstring& name, const RECT& place);
     /// A hidden child dialog with an id, for controls that come and go together; anywhere on the form. Screen
     /// readers say its name.
     HWND AddFrame(int id, const std::wstring& name);
-    /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout.
-    HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {});
+    /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout;
+    /// `pixels` is where it stands until then.
+    HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {}, RECT pixels = {});
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
     [[nodiscard]] UINT Dpi() const { return font_->Dpi(); }
@@ -120,8 +121,10 @@ private:
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<INT_PTR> OnControlMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     void SetScaling(UINT dpi);
-    /// Lays the controls out; returns the size of the whole window.
+    /// Has OnLayout place what it places; returns the size of the whole window.
     SIZE LayOut();
+    /// The controls to where their rows say.
+    void PlaceRows();
     void Centre(SIZE size);
     void OnScalingChanged(UINT dpi, const RECT& suggested);
 

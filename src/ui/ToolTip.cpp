@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int kLongestLine = 400; // pixels at 100 %
-constexpr int kShownMs = 15'000;  // several lines take time to read
+constexpr int kLongestLine = 1000; // pixels at 100 %
+constexpr int kShownMs = 15'000;   // several lines take time to read
 
 } // namespace
 

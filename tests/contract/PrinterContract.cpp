@@ -1,6 +1,6 @@
 #include "platform/windows/JapaneseFont.h"
-#include "platform/windows/KernelHandle.h"
 #include "platform/windows/WindowsPrintDevice.h"
+#include "ui/TestPrinter.h"
 
 #include <windows.h>
 
@@ -24,34 +24,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// Under Wine the files lie on the drive that stands for the root of the file system.
-std::wstring OnDriveZ(const char* unixPath) {
-    std::wstring path = L"Z:" + std::filesystem::path(unixPath).wstring();
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    return path;
-}
-
-void RunInstaller(const std::wstring& arguments) {
-    std::wstring line =
-        L'"' + OnDriveZ(QLB_INSTALL_PRINTER_PATH) + L"\" \"" + OnDriveZ(QLB_PRINTER_PPD) + L"\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION started{};
-    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &started));
-    const KernelHandle process(started.hProcess);
-    const KernelHandle thread(started.hThread);
-    DWORD code = EXIT_FAILURE;
-    ASSERT_EQ(WaitForSingleObject(process.get(), 60000), WAIT_OBJECT_0);
-    GetExitCodeProcess(process.get(), &code);
-    ASSERT_EQ(code, DWORD{EXIT_SUCCESS});
-}
-
 /// A PostScript printer that prints into a file.
 class Printer : public testing::Test {
 protected:
-    static void SetUpTestSuite() { RunInstaller(L"FILE:"); }
-    static void TearDownTestSuite() { RunInstaller(L"x /remove"); }
+    static void SetUpTestSuite() { installed = std::make_unique<TestPrinter>(L"cat >/dev/null"); }
+    static void TearDownTestSuite() { installed.reset(); }
 
     Printer() : file_(std::filesystem::temp_directory_path() / L"qlbutl-printout.ps") {
         std::filesystem::remove(file_);
@@ -72,6 +49,8 @@ protected:
         text << std::ifstream(file_, std::ios::binary).rdbuf();
         return text.str();
     }
+
+    inline static std::unique_ptr<TestPrinter> installed;
 
     std::filesystem::path file_;
     std::shared_ptr<std::atomic<bool>> givenUp = std::make_shared<std::atomic<bool>>(false);

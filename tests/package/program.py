@@ -190,6 +190,11 @@ class Protection(ProgramTest):
         self.assertEqual(both, [])
         self.assertTrue(any(section.IMAGE_SCN_MEM_EXECUTE for section in self.pe.sections))
 
+    def test_ends_when_a_stack_frame_was_written_over(self):
+        # mov ecx, FAST_FAIL_STACK_COOKIE_CHECK_FAILURE; int 29h: only linked in where functions check for it.
+        code = b"".join(s.get_data() for s in self.pe.sections if s.IMAGE_SCN_MEM_EXECUTE)
+        self.assertIn(b"\xb9\x02\x00\x00\x00\xcd\x29", code)
+
     def test_knows_terminal_servers(self):
         self.assertTrue(self.has("TERMINAL_SERVER_AWARE"))
 
@@ -205,6 +210,9 @@ class Libraries(ProgramTest):
 
     def test_can_keep_later_libraries_to_the_system_folder(self):
         self.assertIn("SetDefaultDllDirectories", self.imports()["kernel32.dll"])
+
+    def test_loads_no_cryptographic_provider_for_its_stack_guard(self):
+        self.assertEqual([name for name in self.imports()["advapi32.dll"] if name.startswith("Crypt")], [])
 
     def test_exports_nothing(self):
         self.assertFalse(hasattr(self.pe, "DIRECTORY_ENTRY_EXPORT"))

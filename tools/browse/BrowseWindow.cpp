@@ -8,8 +8,6 @@
 
 #include <commctrl.h>
 
-#include <bit>
-
 namespace {
 
 constexpr int kKeyLine = 2001; // this tool's own control
@@ -44,18 +42,7 @@ void BrowseWindow::OnCreate() {
                           {kMargin, kLineTop, kWidth, kLineHeight},
                           WS_EX_CLIENTEDGE});
     panes_.Load();
-    for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
-        const auto source = static_cast<ProgramSource>(i);
-        if (!panes_.Offers(source)) {
-            continue;
-        }
-        std::wstring caption = texts_.ResText(kTextSourceTab1 + static_cast<int>(i));
-        TCITEMW item{};
-        item.mask = TCIF_TEXT;
-        item.pszText = caption.data();
-        SendMessageW(tab, TCM_INSERTITEMW, tabs_.size(), std::bit_cast<LPARAM>(&item));
-        tabs_.push_back(source);
-    }
+    tabs_ = panes_.AddTabs(tab);
     ShowTab(0);
 }
 

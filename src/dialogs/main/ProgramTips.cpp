@@ -37,15 +37,19 @@ void ProgramTips::Enter(HWND form, HWND picture, const ButtonSlot& slot, Look lo
     }
     question = std::make_shared<Question>(slot);
     // A copy of the store: the thread may outlive the form.
-    StartWorker([question, form, message = answerMessage_, &platform = platform_, store = store_] {
-        question->text = ProgramLines(question->slot, platform.files, [&] {
-            ProgramSources sources(store, platform.files, platform.shell, platform.ansiText);
-            sources.LoadShortcutKeys();
-            return sources.ShortcutKeys();
+    const bool started =
+        StartWorker([question, form, message = answerMessage_, &platform = platform_, store = store_] {
+            question->text = ProgramLines(question->slot, platform.files, [&] {
+                ProgramSources sources(store, platform.files, platform.shell, platform.ansiText);
+                sources.LoadShortcutKeys();
+                return sources.ShortcutKeys();
+            });
+            question->answered = true;
+            PostMessageW(form, message, 0, 0);
         });
-        question->answered = true;
-        PostMessageW(form, message, 0, 0);
-    });
+    if (!started) {
+        question.reset(); // the next time the pointer comes, it is asked again
+    }
 }
 
 void ProgramTips::Leave(HWND picture) {

@@ -66,6 +66,9 @@ private:
     void AddButton(HWND page, int button, int indexOnPage, const std::wstring& label);
     void AddPageButton(HWND page, int id, int textOffset, const DluRect& place, bool enabled);
     [[nodiscard]] int PageHeight() const;
+    /// In pixels of its page.
+    [[nodiscard]] RECT PicturePlace(const POINT& centre) const;
+    void ShapePicture(const PlacedPicture& placed);
     void PlacePictures();
 
     void FillPatternBox(HWND box);
@@ -105,7 +108,8 @@ private:
 
     PictureList imlResource_;
     std::vector<Page> pages_;
-    RECT pageArea_{}; ///< of the tab control, in pixels of the client area
+    std::array<std::wstring, 3> captions_; ///< of the pages
+    RECT pageArea_{};                      ///< of the tab control, in pixels of the client area
     std::vector<PlacedPicture> pictures_;
     std::array<std::wstring, kMaxButtons> labels_;
     ButtonHover hover_;

@@ -92,25 +92,21 @@ void frmMain::OnCreate() {
     }
     pages_.push_back({MainPage::OnScreen, nullptr});
     CreateDialogButtons();
+    // Nearly its size: a narrower one would make arrows to turn its tabs with.
     const HWND tab = AddControl(Window(), {IDC_tabContainer, WC_TABCONTROLW, kTabStop | WS_CLIPSIBLINGS, {}},
-                                texts_.ResText(kTextPages));
-    const auto captions = PageCaptions(store_, texts_);
-    for (std::size_t i = 0; i < pages_.size(); ++i) {
-        std::wstring caption = WithoutAccessKeys(captions.at(static_cast<std::size_t>(pages_[i].kind)));
-        TCITEMW item{};
-        item.mask = TCIF_TEXT;
-        item.pszText = caption.data();
-        SendMessageW(tab, TCM_INSERTITEMW, i, std::bit_cast<LPARAM>(&item));
+                                texts_.ResText(kTextPages),
+                                TextFont().Pixels({kMargin, kMargin, kPageWidth, PageHeight()}));
+    captions_ = PageCaptions(store_, texts_);
+    for (const Page& page : pages_) {
+        AddTab(tab, WithoutAccessKeys(captions_.at(static_cast<std::size_t>(page.kind))));
     }
 }
 
 HWND frmMain::CreatePage(MainPage kind) {
-    const HWND page = AddPage(PageCaptions(store_, texts_).at(static_cast<std::size_t>(kind)));
+    const HWND page = AddPage(captions_.at(static_cast<std::size_t>(kind)), pageArea_);
     if (page == nullptr) {
         return nullptr;
     }
-    SetWindowPos(page, nullptr, pageArea_.left, pageArea_.top, pageArea_.right - pageArea_.left,
-                 pageArea_.bottom - pageArea_.top, SWP_NOZORDER | SWP_NOACTIVATE);
     if (kind == MainPage::OnScreen) {
         CreateOnScreenPage(page);
         onScreenPage_.FillLists();
@@ -118,7 +114,6 @@ HWND frmMain::CreatePage(MainPage kind) {
     } else {
         CreateButtonPage(page, kind);
         FillPatternBox(Control(IDC_cmbUserName0 + static_cast<int>(kind)));
-        PlacePictures();
         for (const int button : settings_.ButtonsOf(kind)) {
             ShowButton(button);
         }
@@ -173,18 +168,21 @@ void frmMain::AddButton(HWND page, int button, int indexOnPage, const std::wstri
         settings_.Switches().NR1t2 == 1 ? PlaceInColumn(indexOnPage) : PlaceInRow(indexOnPage);
     const HWND picture = AddControl(
         page, {IDC_picButton0 + index, PictureButton::WindowClass(), BS_OWNERDRAW | kTabStop | kGroup, {}},
-        WithoutAccessKeys(label));
+        WithoutAccessKeys(label), PicturePlace(places.pictureCentre));
     pictures_.push_back({button, places.pictureCentre,
                          std::make_unique<PictureButton>(
                              picture, imlResource_,
                              PictureButton::MouseEvents{[this, button] { EnterPicture(button); },
                                                         [this, button] { LeavePicture(button); }})});
+    ShapePicture(pictures_.back());
     AddControl(page,
                {IDC_lblButtonName0 + index, WC_STATICW,
                 places.labelAlignment | SS_NOPREFIX | SS_ENDELLIPSIS | kGroup, places.label},
                label);
-    const HWND name = AddControl(page, {IDC_txtButtonName0 + index, WC_EDITW,
-                                        ES_AUTOHSCROLL | kTabStop | kGroup, places.name, WS_EX_CLIENTEDGE});
+    const HWND name = AddControl(page,
+                                 {IDC_txtButtonName0 + index, WC_EDITW, ES_AUTOHSCROLL | kTabStop | kGroup,
+                                  places.name, WS_EX_CLIENTEDGE},
+                                 settings_.Slot(button).Name);
     SendMessageW(name, EM_LIMITTEXT, kNameBoxLimit, 0);
 }
 
@@ -289,23 +287,33 @@ SIZE frmMain::OnLayout() {
     return {right + margin, top + height + margin};
 }
 
-void frmMain::PlacePictures() {
+RECT frmMain::PicturePlace(const POINT& centre) const {
+    const int size = PictureButton::SizeFor(Dpi());
+    const int left = TextFont().PixelsX(centre.x) - size / 2;
+    const int top = TextFont().PixelsY(centre.y) - size / 2;
+    return {left, top, left + size, top + size};
+}
+
+void frmMain::ShapePicture(const PlacedPicture& placed) {
+    if (placed.button - 1 > LastRoundPicture(settings_.Switches())) {
+        return;
+    }
     // Twips of this form: 15 to a device pixel at every scaling, so that rounding never cuts a picture.
     constexpr double kTwipsPerPixel = 15;
-    const int size = PictureButton::SizeFor(Dpi());
+    const HWND picture = Control(IDC_picButton0 + placed.button - 1);
+    const int region = RoundRegionPixels(PictureButton::SizeFor(Dpi()) * kTwipsPerPixel, kTwipsPerPixel);
+    Region ellipse(CreateEllipticRgn(0, 0, region, region));
+    if (SetWindowRgn(picture, ellipse.get(), IsWindowVisible(picture)) != 0) {
+        [[maybe_unused]] const HRGN owned = ellipse.release(); // the window owns it from here on
+    }
+}
+
+void frmMain::PlacePictures() {
     imlResource_.ForgetSizes();
-    const int lastRound = LastRoundPicture(settings_.Switches());
     for (const PlacedPicture& placed : pictures_) {
-        const HWND picture = Control(IDC_picButton0 + placed.button - 1);
-        SetWindowPos(picture, nullptr, TextFont().PixelsX(placed.centre.x) - size / 2,
-                     TextFont().PixelsY(placed.centre.y) - size / 2, size, size,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
-        if (placed.button - 1 <= lastRound) {
-            const int region = RoundRegionPixels(size * kTwipsPerPixel, kTwipsPerPixel);
-            Region ellipse(CreateEllipticRgn(0, 0, region, region));
-            if (SetWindowRgn(picture, ellipse.get(), IsWindowVisible(picture)) != 0) {
-                [[maybe_unused]] const HRGN owned = ellipse.release(); // the window owns it from here on
-            }
-        }
+        const RECT place = PicturePlace(placed.centre);
+        SetWindowPos(Control(IDC_picButton0 + placed.button - 1), nullptr, place.left, place.top,
+                     place.right - place.left, place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        ShapePicture(placed);
     }
 }

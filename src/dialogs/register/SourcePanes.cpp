@@ -152,6 +152,18 @@ bool SourcePanes::Offers(ProgramSource source) const {
     }
 }
 
+std::vector<ProgramSource> SourcePanes::AddTabs(HWND tabControl) const {
+    std::vector<ProgramSource> offered;
+    for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
+        const auto source = static_cast<ProgramSource>(i);
+        if (Offers(source)) {
+            AddTab(tabControl, texts_.ResText(kTextSourceTab1 + static_cast<int>(i)));
+            offered.push_back(source);
+        }
+    }
+    return offered;
+}
+
 void SourcePanes::Show(std::optional<ProgramSource> source) {
     for (const Pane& pane : kPanes) {
         const bool shown = pane.source == source;

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class RegIniFunc;
 class StringTable;
@@ -34,6 +35,8 @@ public:
     void Load();
 
     [[nodiscard]] bool Offers(ProgramSource source) const;
+    /// A tab for each source that is offered; returns those in the order of the tabs.
+    [[nodiscard]] std::vector<ProgramSource> AddTabs(HWND tabControl) const;
     [[nodiscard]] const ProgramSources& Sources() const { return sources_; }
 
     /// Shows one source's control and hides the others; nothing hides all.

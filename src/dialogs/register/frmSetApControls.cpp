@@ -80,18 +80,7 @@ void frmSetAp::CreateTabs() {
                                  TCS_MULTILINE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
                                  {kMargin, kMargin, kTabWidth, kTabHeight}},
                                 texts_.ResText(kTextProgramSources));
-    for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
-        const auto source = static_cast<ProgramSource>(i);
-        if (!panes_.Offers(source)) {
-            continue;
-        }
-        std::wstring caption = texts_.ResText(kTextSourceTab1 + static_cast<int>(i));
-        TCITEMW item{};
-        item.mask = TCIF_TEXT;
-        item.pszText = caption.data();
-        SendMessageW(tab, TCM_INSERTITEMW, tabs_.size(), std::bit_cast<LPARAM>(&item));
-        tabs_.push_back(source);
-    }
+    tabs_ = panes_.AddTabs(tab);
 }
 
 void frmSetAp::CreateMethodControls() {
