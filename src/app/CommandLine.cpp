@@ -17,7 +17,7 @@ bool HasKeyboard(const RegIniFunc& store) {
     const auto isNone = [](const std::wstring& text) { return text == L"0" || text == L" 0"; };
     std::wstring keyboard = store.IniGetString(kProgramSection, L"QLBKeyboard", L"0", store.OwnIniFile());
     if (isNone(keyboard)) {
-        keyboard = std::to_wstring(store.RegGetDword(RegistryHive::LocalMachine, kProductKey, L"QLBB"));
+        keyboard = DecimalText(store.RegGetDword(RegistryHive::LocalMachine, kProductKey, L"QLBB"));
     }
     return !isNone(keyboard);
 }

@@ -2,6 +2,7 @@
 
 #include "settings/Pattern.h"
 #include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 
@@ -11,7 +12,7 @@ constexpr int kPrintedButtons = 5;
 constexpr const wchar_t* kColon = L"：";
 
 std::wstring FullWidth(int number) {
-    std::wstring digits = std::to_wstring(number);
+    std::wstring digits = DecimalText(number);
     for (wchar_t& digit : digits) {
         digit = static_cast<wchar_t>(L'０' + (digit - L'0'));
     }
@@ -99,14 +100,14 @@ void CQlbPrint::ReadPrintData() {
     SetPrintData({L"設定名　　　", kColon + text(section, L"UserName")});
     SetPrintData({});
     for (int button = 1; button <= kPrintedButtons; ++button) {
-        const std::wstring prefix = L"Btn" + std::to_wstring(button) + L"_";
+        const std::wstring prefix = L"Btn" + DecimalText(button) + L"_";
         SetPrintData({L"ボタン" + FullWidth(button) + L"名称", kColon + text(section, prefix + L"Name")});
         SetPrintData({L"実行形態　　", kColon + MethodLabel(text(section, prefix + L"Exec"))});
         const std::int32_t programs =
             std::min(store_.IniGetInt(section, prefix + L"NumAP", 0, iniFileName_), kMaxPrograms);
         for (int program = 1; program <= programs; ++program) {
             SetPrintData({L"起動ＡＰ" + FullWidth(program) + L"　",
-                          kColon + text(section, prefix + L"AP" + std::to_wstring(program))});
+                          kColon + text(section, prefix + L"AP" + DecimalText(program))});
         }
         SetPrintData({});
     }

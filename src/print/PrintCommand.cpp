@@ -7,6 +7,7 @@
 #include "print/PrinterChoice.h"
 #include "print/PrintingForm.h"
 #include "settings/GlobalValue.h"
+#include "settings/StdModule.h"
 #include "ui/Form.h"
 
 #include <functional>
@@ -72,7 +73,7 @@ std::wstring TextOfError(DWORD error) {
     const std::unique_ptr<void, LocalMemoryDeleter> owner(text);
     std::wstring words(text == nullptr ? L"" : text, length);
     words.erase(words.find_last_not_of(L" \r\n") + 1);
-    return words.empty() ? std::to_wstring(error) : words;
+    return words.empty() ? DecimalText(error) : words;
 }
 
 /// False when nothing was printed.

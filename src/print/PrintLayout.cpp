@@ -1,4 +1,5 @@
 #include "print/PrintLayout.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 #include <cmath>
@@ -231,7 +232,7 @@ private:
             return;
         }
         for (std::size_t i = 0; i < pages_.size(); ++i) {
-            const std::wstring number = std::to_wstring(i + 1) + L" / " + std::to_wstring(pages_.size());
+            const std::wstring number = DecimalText(i + 1) + L" / " + DecimalText(pages_.size());
             const int width = device_.Extent(number, PrintFont::Body).width;
             pages_[i].texts.push_back({area_.right - width, area_.top, number, PrintFont::Body});
         }

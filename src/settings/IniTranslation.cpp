@@ -35,7 +35,7 @@ RegistryPlace OnScreenPlace(const std::wstring& key) {
 
 /// Button and program numbers are one character each in the ini-style names.
 std::wstring DigitText(const std::wstring& key, std::size_t pos) {
-    return std::to_wstring(pos < key.size() ? LeadingNumber(key.substr(pos, 1)) : 0);
+    return DecimalText(pos < key.size() ? LeadingNumber(key.substr(pos, 1)) : 0);
 }
 
 RegistryPlace PatternPlace(const std::wstring& section, const std::wstring& key) {
@@ -45,7 +45,7 @@ RegistryPlace PatternPlace(const std::wstring& section, const std::wstring& key)
     const std::int32_t pattern = section.size() > kNumberPos ? LeadingNumber(section.substr(kNumberPos)) : 0;
     RegistryPlace place;
     place.path.reserve(kUsualPath);
-    place.path.append(kProductKey).append(L"\\Setting\\Set").append(std::to_wstring(pattern));
+    place.path.append(kProductKey).append(L"\\Setting\\Set").append(DecimalText(pattern));
     if (key == L"UserName") {
         place.name = L"SetName";
         return place;

@@ -27,7 +27,7 @@ std::int32_t ColorFromDecimalDigits(std::int32_t stored) {
         return kGreen;
     }
     std::int64_t color = 0;
-    for (const wchar_t digit : std::to_wstring(stored)) {
+    for (const wchar_t digit : DecimalText(stored)) {
         color = color * kHexBase + (digit - L'0');
     }
     constexpr std::int64_t kAllBits = std::numeric_limits<std::uint32_t>::max();
@@ -41,10 +41,10 @@ OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FaceMatcher&
     };
     const bool ini = store.IniFileExist;
     OnScreenSettings settings;
-    settings.OnScreen = StepOr(std::to_wstring(number(L"OnScreen")), 0, 1, 1);
+    settings.OnScreen = StepOr(DecimalText(number(L"OnScreen")), 0, 1, 1);
     settings.FontName = fonts.MatchInstalledFont(
         store.RegGetString(RegistryHive::LocalMachine, path, ini ? L"FontName" : L"FontFace"));
-    settings.FontSize = StepOr(std::to_wstring(number(ini ? L"FontSize" : L"Size")), kSmallestFontStep,
+    settings.FontSize = StepOr(DecimalText(number(ini ? L"FontSize" : L"Size")), kSmallestFontStep,
                                kLargestFontStep, kStandardFontStep);
     settings.Color = ColorFromDecimalDigits(number(L"Color"));
     return settings;
@@ -56,7 +56,7 @@ OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FaceMatcher& fonts,
         return store.IniGetString(kSection, key, fallback, store.OwnIniFile());
     };
     const auto readNumber = [&](const wchar_t* key, std::int32_t fallback) {
-        return read(key, std::to_wstring(fallback));
+        return read(key, DecimalText(fallback));
     };
     OnScreenSettings settings;
     settings.OnScreen = StepOr(readNumber(L"OnScreen", defaults.OnScreen), 0, 1, defaults.OnScreen);
@@ -72,8 +72,8 @@ void SaveOnScreen(RegIniFunc& store, const OnScreenSettings& settings) {
         // A refused write is the user's own permission problem; the Windows dialogs of this kind stay silent.
         store.IniSetString(kSection, key, text, store.OwnIniFile());
     };
-    write(L"OnScreen", std::to_wstring(settings.OnScreen));
+    write(L"OnScreen", DecimalText(settings.OnScreen));
     write(L"FontName", settings.FontName);
-    write(L"FontSize", std::to_wstring(settings.FontSize));
-    write(L"Color", std::to_wstring(settings.Color));
+    write(L"FontSize", DecimalText(settings.FontSize));
+    write(L"Color", DecimalText(settings.Color));
 }

@@ -24,7 +24,7 @@ void SetProgram(ButtonSlot& slot, int k, const std::wstring& stored) {
 PatternStore::PatternStore(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {
     for (int button = 1; button <= kMaxButtons; ++button) {
         const std::int32_t slot =
-            store_.RegGetDword(RegistryHive::LocalMachine, kConvAppKey, L"AppKey" + std::to_wstring(button));
+            store_.RegGetDword(RegistryHive::LocalMachine, kConvAppKey, L"AppKey" + DecimalText(button));
         storageSlots_(button) = slot >= 1 && slot <= buttonCount_ ? slot : button;
     }
 }
@@ -38,16 +38,16 @@ Pattern PatternStore::LoadDefaultPattern() const {
     pattern.UserName = ini ? readString(kDefaultIniKey, L"UserName") : readString(kDefaultSetKey, L"SetName");
     for (int button = 1; button <= buttonCount_; ++button) {
         ButtonSlot& slot = pattern.Btn(button);
-        const std::wstring stored = std::to_wstring(StorageSlot(button));
+        const std::wstring stored = DecimalText(StorageSlot(button));
         const std::wstring path = ini ? kDefaultIniKey : kDefaultSetKey + (L"\\AppKey" + stored);
         const std::wstring prefix = ini ? L"Btn" + stored + L"_" : L"";
         slot.Exec = TrimBlanks(readString(path, ini ? prefix + L"Exec" : L"Execute"));
-        slot.NumAP = ProgramCount(
-            ini ? readString(path, prefix + L"NumAP")
-                : std::to_wstring(store_.RegGetDword(RegistryHive::LocalMachine, path, L"NumAP")));
+        slot.NumAP =
+            ProgramCount(ini ? readString(path, prefix + L"NumAP")
+                             : DecimalText(store_.RegGetDword(RegistryHive::LocalMachine, path, L"NumAP")));
         slot.Name = readString(path, ini ? prefix + L"Name" : L"DispTitle");
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            SetProgram(slot, k, readString(path, prefix + L"AP" + std::to_wstring(k)));
+            SetProgram(slot, k, readString(path, prefix + L"AP" + DecimalText(k)));
         }
     }
     return pattern;
@@ -69,16 +69,16 @@ Pattern PatternStore::LoadPattern(int number, const Pattern& defaults) const {
 ButtonSlot PatternStore::LoadSlot(const std::wstring& section, int button, const ButtonSlot& fallback) const {
     // No command line is "FALSE", so it tells a missing entry from an empty one.
     const std::wstring kMissing = L"FALSE";
-    const std::wstring prefix = L"Btn" + std::to_wstring(StorageSlot(button));
+    const std::wstring prefix = L"Btn" + DecimalText(StorageSlot(button));
     const auto read = [&](const std::wstring& field, const std::wstring& otherwise) {
         return store_.IniGetString(section, prefix + field, otherwise, store_.OwnIniFile());
     };
     ButtonSlot slot;
     slot.Exec = TrimBlanks(read(L"_Exec", fallback.Exec));
-    slot.NumAP = ProgramCount(read(L"_NumAP", std::to_wstring(fallback.NumAP)));
+    slot.NumAP = ProgramCount(read(L"_NumAP", DecimalText(fallback.NumAP)));
     slot.Name = read(L"_Name", fallback.Name);
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        const std::wstring stored = read(L"_AP" + std::to_wstring(k), kMissing);
+        const std::wstring stored = read(L"_AP" + DecimalText(k), kMissing);
         if (stored == kMissing) {
             slot.AP(k) = fallback.AP(k);
             slot.Param(k) = fallback.Param(k);
@@ -87,7 +87,7 @@ ButtonSlot PatternStore::LoadSlot(const std::wstring& section, int button, const
         }
     }
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        slot.Title(k) = read(L"_Title" + std::to_wstring(k), fallback.Title(k));
+        slot.Title(k) = read(L"_Title" + DecimalText(k), fallback.Title(k));
     }
     return slot;
 }
@@ -102,12 +102,12 @@ void PatternStore::SavePattern(int number, Pattern& pattern) {
 }
 
 void PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot& slot) {
-    const std::wstring prefix = L"Btn" + std::to_wstring(StorageSlot(button));
+    const std::wstring prefix = L"Btn" + DecimalText(StorageSlot(button));
     const auto write = [&](const std::wstring& field, const std::wstring& text) {
         store_.IniSetString(section, prefix + field, text, store_.OwnIniFile());
     };
     write(L"_Exec", slot.Exec);
-    write(L"_NumAP", std::to_wstring(slot.NumAP));
+    write(L"_NumAP", DecimalText(slot.NumAP));
     if (slot.Name.empty()) {
         slot.Name = L" ";
     }
@@ -120,9 +120,9 @@ void PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot&
         if (stored.empty() && store_.IniFileExist) {
             stored = L" "; // an entry without text would read as missing in an ini file
         }
-        write(L"_AP" + std::to_wstring(k), stored);
+        write(L"_AP" + DecimalText(k), stored);
     }
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        write(L"_Title" + std::to_wstring(k), slot.Title(k));
+        write(L"_Title" + DecimalText(k), slot.Title(k));
     }
 }

@@ -29,7 +29,7 @@ std::wstring CutToBytes(const AnsiText& ansiText, std::wstring text, std::size_t
 } // namespace
 
 std::wstring PatternSection(int number) {
-    return L"USER" + std::to_wstring(number);
+    return L"USER" + DecimalText(number);
 }
 
 RegIniFunc::RegIniFunc(Registry& registry, ProfileFiles& profileFiles, const AnsiText& ansiText,
@@ -98,7 +98,7 @@ std::wstring RegIniFunc::IniGetString(const std::wstring& section, const std::ws
     const auto fallbackNumber = NumberFromText(fallback);
     const std::int32_t number =
         RegGetDword(RegistryHive::CurrentUser, place->path, place->name, fallbackNumber.value_or(0));
-    return std::to_wstring(number);
+    return DecimalText(number);
 }
 
 std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstring& key,
@@ -106,7 +106,7 @@ std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstri
     if (GoesToFile(file)) {
         return profileFiles_.GetInt(section, key, fallback, file);
     }
-    return LeadingNumber(IniGetString(section, key, std::to_wstring(fallback), file));
+    return LeadingNumber(IniGetString(section, key, DecimalText(fallback), file));
 }
 
 bool RegIniFunc::IniSetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 
 namespace {
@@ -173,6 +174,12 @@ std::wstring TrimBlanks(std::wstring_view text) {
         return {};
     }
     return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
+}
+
+std::wstring DecimalText(std::int64_t number) {
+    std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> digits{}; // and the sign
+    char* const begin = digits.data();
+    return {begin, std::to_chars(begin, begin + digits.size(), number).ptr};
 }
 
 std::optional<std::int32_t> NumberFromText(std::wstring_view text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -20,6 +21,15 @@
 /// The one test of "is numeric": decimal digits with an optional sign, blanks around them allowed, and a
 /// value of 32 signed bits. Anything else, empty text too, gives nothing.
 [[nodiscard]] std::optional<std::int32_t> NumberFromText(std::wstring_view text);
+
+/// In decimal digits, with a "-" in front where it is negative. What std::to_wstring gives, without the
+/// formatting of the C library that it brings along.
+[[nodiscard]] std::wstring DecimalText(std::int64_t number);
+
+template <std::integral Number>
+requires(!std::same_as<Number, std::int64_t>) [[nodiscard]] std::wstring DecimalText(Number number) {
+    return DecimalText(static_cast<std::int64_t>(number));
+}
 
 /// The number at the start of the text, leading blanks and a sign allowed; 0 when there is none. Values
 /// beyond 32 signed bits stay at the nearest limit.

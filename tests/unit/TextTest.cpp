@@ -229,4 +229,22 @@ TEST(FromUtf8Test, GoesOnBehindWhatIsNoText) {
     EXPECT_EQ(FromUtf8("\xE6\x97\xE6\x97\xA5"), L"\xFFFD\xFFFD\x65E5");
 }
 
+TEST(DecimalTextTest, IsTheDigits_WithAMinusInFrontOfNegativeNumbers) {
+    EXPECT_EQ(DecimalText(0), L"0");
+    EXPECT_EQ(DecimalText(10), L"10");
+    EXPECT_EQ(DecimalText(-7), L"-7");
+    EXPECT_EQ(DecimalText(std::size_t{4294967296}), L"4294967296");
+}
+
+TEST(DecimalTextTest, HasRoomForTheLongestNumbers) {
+    EXPECT_EQ(DecimalText(std::numeric_limits<std::int64_t>::max()), L"9223372036854775807");
+    EXPECT_EQ(DecimalText(std::numeric_limits<std::int64_t>::min()), L"-9223372036854775808");
+}
+
+TEST(DecimalTextTest, IsReadBackAsTheSameNumber) {
+    for (const std::int32_t number : {0, 1, -1, 9, 10, 2147483647, -2147483647 - 1}) {
+        EXPECT_EQ(NumberFromText(DecimalText(number)), number);
+    }
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 #include "dialogs/main/ButtonDescription.h"
 
 #include "app/StringTable.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 
@@ -24,7 +25,7 @@ std::wstring CountOfPrograms(int count, const StringTable& texts) {
     std::wstring text = texts.ResText(kTextSomeNumberOfPrograms);
     constexpr std::wstring_view kPlace = L"%d";
     if (const std::size_t place = text.find(kPlace); place != std::wstring::npos) {
-        text.replace(place, kPlace.size(), std::to_wstring(count));
+        text.replace(place, kPlace.size(), DecimalText(count));
     }
     return text;
 }

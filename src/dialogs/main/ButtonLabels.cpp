@@ -2,6 +2,7 @@
 
 #include "app/StringTable.h"
 #include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
 
 namespace {
 
@@ -12,13 +13,13 @@ std::wstring BuiltInLabel(int index, const StringTable& texts, const MakerSwitch
     const int onPage = index < kDesktopButtons ? index + 1 : index - kDesktopButtons + 1;
     const bool notebook = index >= kDesktopButtons;
     if (notebook && switches.QSTART == 1 && onPage <= kFnKeys) {
-        return texts.ResText(kTextFnKey) + std::to_wstring(onPage);
+        return texts.ResText(kTextFnKey) + DecimalText(onPage);
     }
     if (notebook && switches.QSTART != 0) {
         // The text that the form was built with: the number among all buttons.
-        return texts.ResText(kTextButtonNumber) + std::to_wstring(index + 1);
+        return texts.ResText(kTextButtonNumber) + DecimalText(index + 1);
     }
-    return texts.ResText(kTextButtonNumber) + std::to_wstring(onPage);
+    return texts.ResText(kTextButtonNumber) + DecimalText(onPage);
 }
 
 } // namespace
@@ -29,7 +30,7 @@ std::array<std::wstring, kMaxButtons> ButtonLabels(const RegIniFunc& store, cons
     std::array<std::wstring, kMaxButtons> labels;
     for (int index = 0; index < kMaxButtons; ++index) {
         std::wstring label =
-            store.RegGetString(RegistryHive::LocalMachine, path, L"AppKey" + std::to_wstring(index + 1));
+            store.RegGetString(RegistryHive::LocalMachine, path, L"AppKey" + DecimalText(index + 1));
         if (label.empty()) {
             label = BuiltInLabel(index, texts, switches);
         }
@@ -44,8 +45,7 @@ std::array<std::wstring, 3> PageCaptions(const RegIniFunc& store, const StringTa
                                          texts.ResText(kTextButtonSettings),
                                          texts.ResText(kTextOnScreenSettings)};
     for (std::size_t page = 0; page < 2; ++page) {
-        std::wstring own =
-            store.RegGetString(RegistryHive::LocalMachine, path, L"Tab" + std::to_wstring(page));
+        std::wstring own = store.RegGetString(RegistryHive::LocalMachine, path, L"Tab" + DecimalText(page));
         if (!own.empty()) {
             captions.at(page) = std::move(own);
         }

@@ -2,6 +2,7 @@
 
 #include "app/LauncherNotification.h"
 #include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
 
 MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts)
     : store_(store), launcher_(launcher), fonts_(fonts) {}
@@ -83,9 +84,8 @@ bool MainSettings::AnythingChanged() const {
 }
 
 void MainSettings::WritePatternNumbers() {
-    store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(currentPattern_), store_.OwnIniFile());
-    store_.IniSetString(kProgramSection, L"NumUser", std::to_wstring(patternNames_.size()),
-                        store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(currentPattern_), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"NumUser", DecimalText(patternNames_.size()), store_.OwnIniFile());
 }
 
 void MainSettings::StorePattern() {
@@ -128,7 +128,7 @@ void MainSettings::SwitchPattern(int number, bool saveOld, const std::function<v
         patterns_->SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;
-    store_.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(number), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(number), store_.OwnIniFile());
     LoadCurrentPattern();
     loaded();
     launcher_.NotifyLauncher();

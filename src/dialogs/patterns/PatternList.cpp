@@ -1,6 +1,7 @@
 #include "dialogs/patterns/PatternList.h"
 
 #include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 #include <utility>
@@ -78,5 +79,5 @@ void PatternList::Save(int index) {
 }
 
 void PatternList::WriteNumber(const wchar_t* key, int number) {
-    store_.IniSetString(kProgramSection, key, std::to_wstring(number), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, key, DecimalText(number), store_.OwnIniFile());
 }

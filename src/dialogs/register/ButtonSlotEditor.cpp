@@ -202,7 +202,7 @@ void ButtonSlotEditor::PlaceTreeItem(int slot, const PickedItem& item) {
 void ButtonSlotEditor::PlaceShortcutKey(std::size_t row) {
     const ShortcutKeyRow& key = surroundings_.sources.ShortcutKeys().at(row);
     ClearSlotsFrom(0); // no parameter or title of the former program stays with a key
-    slot_.AP(1) = std::to_wstring(key.keyCode);
+    slot_.AP(1) = DecimalText(key.keyCode);
     shown_[0] = key.name;
     slot_.Exec = L"K";
     slot_.NumAP = 1;

@@ -39,7 +39,7 @@ void ProgramSources::LoadShortcutKeys() {
 
 void ProgramSources::LoadShortcutKeysFromRegistry() {
     for (std::int32_t i = 0;; ++i) {
-        const std::wstring key = kShortcutKeyKey + std::to_wstring(i);
+        const std::wstring key = kShortcutKeyKey + DecimalText(i);
         const auto value = [&](const wchar_t* name) {
             return store_.RegGetString(RegistryHive::LocalMachine, key, name);
         };

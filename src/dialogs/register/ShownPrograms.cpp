@@ -3,6 +3,7 @@
 #include "browse/Paths.h"
 #include "dialogs/register/ProgramSources.h"
 #include "platform/FileSystem.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 
@@ -47,7 +48,7 @@ std::wstring ShownProgram(const ButtonSlot& slot, int number, const FileSystem& 
 
 std::wstring ShownKey(const ButtonSlot& slot, const std::vector<ShortcutKeyRow>& keys) {
     const auto key = std::find_if(keys.begin(), keys.end(), [&](const ShortcutKeyRow& row) {
-        return std::to_wstring(row.keyCode) == slot.AP(1);
+        return DecimalText(row.keyCode) == slot.AP(1);
     });
     return key == keys.end() ? std::wstring() : key->name;
 }

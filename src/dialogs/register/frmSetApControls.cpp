@@ -4,6 +4,7 @@
 
 #include "app/StringTable.h"
 #include "resources/resource.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 
 #include <commctrl.h>
@@ -117,7 +118,7 @@ void frmSetAp::CreateSlotControls() {
                     WC_STATICW,
                     SS_LEFT | WS_GROUP,
                     {kRight + kGroupInset, top + 2, kLabelWidth, kOptionHeight}},
-                   texts_.ResText(kTextProgramNumber) + std::to_wstring(slot + 1));
+                   texts_.ResText(kTextProgramNumber) + DecimalText(slot + 1));
         const HWND box =
             AddControl(Window(), {IDC_txtApplication0 + slot,
                                   WC_EDITW,

@@ -2,6 +2,7 @@
 
 #include "app/StringTable.h"
 #include "settings/RegIniFunc.h"
+#include "settings/StdModule.h"
 
 #include <algorithm>
 
@@ -58,8 +59,8 @@ WizardButtons LoadWizardButtons(const RegIniFunc& store, const StringTable& text
         if (number == 0) {
             continue;
         }
-        const std::wstring label = store.RegGetString(RegistryHive::LocalMachine, kButtonNameKey,
-                                                      L"AppKey" + std::to_wstring(number));
+        const std::wstring label =
+            store.RegGetString(RegistryHive::LocalMachine, kButtonNameKey, L"AppKey" + DecimalText(number));
         if (!label.empty()) {
             caption = ReplaceAll(texts.ResText(kTextWizardLabelled), L"%s", label);
         }

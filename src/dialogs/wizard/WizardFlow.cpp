@@ -473,7 +473,7 @@ void WizardFlow::Pick(const PickedItem& item) {
     }
     case PickedItem::Kind::ShortcutKey: {
         const ShortcutKeyRow& row = sources.ShortcutKeys().at(item.row);
-        command_ = std::to_wstring(row.keyCode);
+        command_ = DecimalText(row.keyCode);
         displayName_ = row.name;
         break;
     }

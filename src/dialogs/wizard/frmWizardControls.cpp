@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 #include "ui/Dpi.h"
 
@@ -185,7 +186,7 @@ void frmWizard::CreateProgramFrames() {
     }
     for (int slot = 0; slot < kSlots; ++slot) {
         AddControl(several, {IDC_lblProgram0 + slot, WC_STATICW, SS_LEFT | WS_GROUP, {}},
-                   texts_.ResText(kTextWizardProgram) + std::to_wstring(slot + 1));
+                   texts_.ResText(kTextWizardProgram) + DecimalText(slot + 1));
         AddControl(several, {IDC_txtProgram0 + slot,
                              WC_EDITW,
                              ES_READONLY | ES_AUTOHSCROLL | WS_GROUP,
