@@ -9,6 +9,7 @@
 #include "common/ScratchKey.h"
 #include "common/Statistics.h"
 #include "dialogs/main/frmMain.h"
+#include "dialogs/patterns/PatternList.h"
 #include "dialogs/patterns/frmInputBox.h"
 #include "dialogs/patterns/frmManager.h"
 #include "dialogs/register/frmSetAp.h"
@@ -149,9 +150,10 @@ public:
         const ScratchUserKey scratch;
         for (const int count : {1, kMaxPatterns}) {
             StorePatterns(count);
-            Compare("open the pattern manager", count, [this](HWND owner) {
-                frmManager(owner, store_, kButtons, texts_, platform_.ansiText).ShowModal();
-            });
+            PatternStore stored(store_, kButtons);
+            PatternList patterns(store_, stored, defaults);
+            Compare("open the pattern manager", count,
+                    [&](HWND owner) { frmManager(owner, patterns, texts_, platform_.ansiText).ShowModal(); });
         }
     }
 

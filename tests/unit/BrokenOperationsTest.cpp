@@ -116,7 +116,7 @@ public:
     static Running Begin(BrokenStore& fresh) {
         Running program;
         if (Operation().ofManager) {
-            program.list.emplace(fresh.store, Buttons()).Load();
+            program.list.emplace(fresh.store, *fresh.patterns, fresh.defaults).Load();
         } else {
             program.dialog.emplace(fresh.store, fresh.notification, fresh.fonts).Load();
             fresh.EditEverything(*program.dialog);
@@ -186,7 +186,7 @@ public:
         EXPECT_EQ(next.CurrentPattern(), store.Number(L"CurrUser"));
         EXPECT_EQ(next.PatternNames().size(), static_cast<std::size_t>(store.Number(L"NumUser")));
         EXPECT_FALSE(next.AnythingChanged());
-        PatternList list(store.store, Buttons());
+        PatternList list(store.store, *store.patterns, store.defaults);
         list.Load();
         EXPECT_EQ(list.Names(), next.PatternNames());
     }
@@ -238,7 +238,7 @@ INSTANTIATE_TEST_SUITE_P(Every, BrokenOperation,
 class BrokenOff : public testing::TestWithParam<bool> {
 public:
     struct Rest {
-        const BrokenStore& store;
+        BrokenStore& store;
         int writes; ///< that were taken
         bool done;
     };
@@ -248,7 +248,7 @@ public:
                                const std::function<void(const Rest&)>& check) {
         const BrokenStore before(GetParam(), current, BrokenStore::kListButtons);
         BrokenStore store(GetParam(), current, BrokenStore::kListButtons);
-        PatternList begun(store.store, BrokenStore::kListButtons);
+        PatternList begun(store.store, *store.patterns, store.defaults);
         begun.Load();
         bool done = false;
         for (int number = 1; !done && !HasFailure(); ++number) {
@@ -325,7 +325,7 @@ TEST_P(BrokenOff, AnAdditionTakesWhatIsMissingOfTheNewPatternFromTheDefaults) {
                 for (int pattern = 1; pattern <= kOld; ++pattern) {
                     EXPECT_EQ(rest.store.Stored(pattern), rest.store.FullPattern(BrokenStore::Word(pattern)));
                 }
-                PatternList next(const_cast<RegIniFunc&>(rest.store.store), BrokenStore::kListButtons);
+                PatternList next(rest.store.store, *rest.store.patterns, rest.store.defaults);
                 next.Load();
                 ASSERT_EQ(next.Count(), kOld + (rest.writes > 0 ? 1 : 0));
                 if (rest.writes > 0) {

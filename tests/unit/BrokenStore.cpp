@@ -25,10 +25,11 @@ BrokenStore::BrokenStore(bool iniFile, int current, int buttonCount) : buttons(b
     PutLine(L"Other", L"Unknown", "theirs");
     PutLine(L"USER3", L"Unknown", "theirs");
 
-    PatternStore patterns(store, buttons);
+    patterns.emplace(store, buttons);
+    defaults = patterns->LoadDefaultPattern();
     for (int number = 1; number <= kPatterns; ++number) {
         Pattern pattern = FullPattern(Word(number));
-        patterns.SavePattern(number, pattern);
+        patterns->SavePattern(number, pattern);
     }
     SaveOnScreen(store, {0, L"Arial", 1, kStoredColor});
     store.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(current), kOwnFile);

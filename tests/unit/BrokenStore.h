@@ -51,6 +51,8 @@ struct BrokenStore : TestStore {
     [[nodiscard]] int Number(const wchar_t* key) const;
 
     int buttons;
+    std::optional<PatternStore> patterns;
+    Pattern defaults;
     FontList fonts{L"Arial"};
     FakeWindows windows;
     LauncherNotification notification{windows};

@@ -1,6 +1,7 @@
 #include "dialogs/patterns/PatternList.h"
 
 #include "TestStore.h"
+#include "settings/PatternStore.h"
 
 #include <algorithm>
 #include <random>
@@ -25,6 +26,7 @@ public:
         PutMachine(L"Default\\USER1", L"UserName", "Standard");
         PutMachine(L"Default\\USER1", L"Btn1_Name", "Default mail");
         store.IniFileExist = GetParam();
+        defaults = patterns.LoadDefaultPattern();
         Fill({L"One", L"Two", L"Three", L"Four"}, 2);
     }
 
@@ -80,13 +82,25 @@ public:
         return !Stored(number).UserName.empty() || !Stored(number).Btn(1).Name.empty();
     }
 
-    PatternList list{store, kButtons};
+    static constexpr int kFewButtons = 1; ///< where all is read again after each step
+
+    Pattern defaults;
+    PatternStore patterns{store, kButtons};
+    PatternStore fewButtons{store, kFewButtons};
+    PatternList list{store, patterns, defaults};
 };
 
 TEST_P(Manager, ReadsNamesAndTheCurrentNumber) {
     EXPECT_THAT(list.Names(), ElementsAre(L"One", L"Two", L"Three", L"Four"));
     EXPECT_EQ(list.CurrentPattern(), 2);
     EXPECT_EQ(list.DefaultName(), L"Standard");
+}
+
+TEST_P(Manager, AsksTheMakerForNothing) {
+    list.Load();
+    list.Add(L"New");
+    list.Delete(0);
+    EXPECT_THAT(Asked(), testing::Not(testing::Contains(testing::StartsWith("HKLM"))));
 }
 
 TEST_P(Manager, TakesTheFirstPatternAsCurrent_WhenTheNumberIsBeyondTheCount) {
@@ -239,8 +253,10 @@ TEST_P(Manager, ADeletedPatternsValuesDoNotComeBack_WhenOneIsAddedLater) {
 TEST_P(Manager, DeletingKeepsTheStorageSlots_OfMovedButtons) {
     PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey1", 2);
     PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey2", 1);
-    list.Load();
-    list.Delete(0);
+    PatternStore moved(store, kButtons);
+    PatternList movedList(store, moved, defaults);
+    movedList.Load();
+    movedList.Delete(0);
     EXPECT_EQ(Stored(1).Btn(1).Name, L"Two2");
     EXPECT_EQ(Stored(1).Btn(2).Name, L"Two1");
     EXPECT_EQ(Entry(1, L"Btn1_Name"), L"Two1");
@@ -248,8 +264,7 @@ TEST_P(Manager, DeletingKeepsTheStorageSlots_OfMovedButtons) {
 }
 
 TEST_P(Manager, LeavesAUsableStore_WhereverAnOperationBreaksOff) {
-    constexpr int kFewButtons = 1; // all is read again after every write
-    PatternList few(store, kFewButtons);
+    PatternList few(store, fewButtons, defaults);
     struct Case {
         int current;
         void (*operation)(PatternList&);
@@ -302,7 +317,7 @@ TEST_P(Manager, LeavesAUsableStore_WhereverAnOperationBreaksOff) {
                 EXPECT_EQ(storedCurrent, currentAfter);
             }
 
-            PatternList loaded(store, kFewButtons);
+            PatternList loaded(store, fewButtons, defaults);
             loaded.Load();
             EXPECT_EQ(loaded.Count(), storedCount);
             EXPECT_EQ(loaded.CurrentPattern(), storedCurrent);
@@ -319,10 +334,9 @@ struct ModelPattern {
 TEST_P(Manager, FollowsAModel_OverRandomOperations) {
     constexpr unsigned kSeed = 20'241;
     constexpr int kOperations = 500;
-    constexpr int kFewButtons = 1; // what is read again after every step
     std::mt19937 random(kSeed);
     const auto below = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
-    PatternList edited(store, kFewButtons);
+    PatternList edited(store, fewButtons, defaults);
     edited.Load();
     std::vector<ModelPattern> model;
     for (const std::wstring& name : edited.Names()) {
@@ -367,7 +381,7 @@ TEST_P(Manager, FollowsAModel_OverRandomOperations) {
         }
         std::vector<ModelPattern> found;
         for (int number = 1; number <= store.ReadPatternCount(); ++number) {
-            const Pattern stored = PatternStore(store, kFewButtons).LoadPattern(number, Pattern{});
+            const Pattern stored = fewButtons.LoadPattern(number, Pattern{});
             found.push_back({stored.UserName, stored.Btn(1).Name});
         }
         ASSERT_EQ(found, model) << "after step " << step;

@@ -217,7 +217,7 @@ private:
     }
 
     /// What else reads the store, once each.
-    void CheckOthers(const MainSettings& settings) {
+    void CheckOthers(MainSettings& settings) {
         const StringTable texts(strings_);
         for (const std::wstring& label : ButtonLabels(store, texts, settings.Switches())) {
             EXPECT_EQ(label.find(L'\0'), std::wstring::npos);
@@ -236,7 +236,7 @@ private:
         sources.LoadStartMenu();
         EXPECT_LE(sources.ShortcutKeys().size(), 4U);
 
-        PatternList list(store, settings.Switches().ButtonCount());
+        PatternList list(store, settings.Patterns(), settings.Defaults());
         list.Load();
         EXPECT_EQ(list.Count(), static_cast<int>(settings.PatternNames().size()));
         EXPECT_TRUE(list.CurrentPattern() >= 1 && list.CurrentPattern() <= list.Count());

@@ -66,6 +66,8 @@ public:
     /// The number (1...8) under which a button is stored.
     [[nodiscard]] int StorageSlot(int button) const { return patterns_->StorageSlot(button); }
     [[nodiscard]] const Pattern& Defaults() const { return defaults_; }
+    /// Where Patterns are stored, for as long as the program runs.
+    [[nodiscard]] PatternStore& Patterns() { return *patterns_; }
 
     /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
     /// launcher told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is

@@ -2,6 +2,7 @@
 
 #include "app/Help.h"
 #include "dialogs/main/ButtonDescription.h"
+#include "dialogs/patterns/PatternList.h"
 #include "dialogs/patterns/frmManager.h"
 #include "dialogs/register/frmSetAp.h"
 #include "dialogs/wizard/WizardButtons.h"
@@ -358,7 +359,8 @@ void frmMain::ManagePatterns() {
     if (saving_) {
         return;
     }
-    frmManager manager(Window(), store_, settings_.Switches().ButtonCount(), texts_, platform_.ansiText);
+    PatternList patterns(store_, settings_.Patterns(), settings_.Defaults());
+    frmManager manager(Window(), patterns, texts_, platform_.ansiText);
     WhileAsking([&] {
         manager.ShowModal();
         return true;

@@ -1,16 +1,16 @@
 #include "dialogs/patterns/PatternList.h"
 
+#include "settings/PatternStore.h"
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
 
 #include <algorithm>
 #include <utility>
 
-PatternList::PatternList(RegIniFunc& store, int buttonCount) : store_(store), buttonCount_(buttonCount) {}
+PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults)
+    : store_(store), patterns_(patterns), defaults_(defaults) {}
 
 void PatternList::Load() {
-    patterns_.emplace(store_, buttonCount_);
-    defaults_ = patterns_->LoadDefaultPattern();
     const int count = store_.ReadPatternCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
     if (currentPattern_ > count) {
@@ -18,7 +18,7 @@ void PatternList::Load() {
     }
     records_.clear();
     for (int number = 1; number <= count; ++number) {
-        records_.push_back(patterns_->LoadPattern(number, defaults_));
+        records_.push_back(patterns_.LoadPattern(number, defaults_));
     }
 }
 
@@ -74,7 +74,7 @@ int PatternList::Delete(int index) {
 
 void PatternList::Save(int index) {
     Pattern& record = records_.at(static_cast<std::size_t>(index));
-    patterns_->SavePattern(index + 1, record);
+    patterns_.SavePattern(index + 1, record);
     record.UserName = store_.AsStored(record.UserName);
 }
 

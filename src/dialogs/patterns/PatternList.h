@@ -1,19 +1,19 @@
 #pragma once
 
 #include "settings/Pattern.h"
-#include "settings/PatternStore.h"
 
-#include <optional>
 #include <string>
 #include <vector>
 
+class PatternStore;
 class RegIniFunc;
 
 /// The user's Patterns as the pattern manager works on them: each operation is in the store when it returns.
 /// Indexes are 0-based positions in the list; Pattern numbers in the store are 1-based.
 class PatternList {
 public:
-    PatternList(RegIniFunc& store, int buttonCount);
+    /// `patterns` and `defaults` are the main dialog's: what the two write goes to the same places.
+    PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults);
 
     /// Reads the numbers and every Pattern.
     void Load();
@@ -48,9 +48,8 @@ private:
     void WriteNumber(const wchar_t* key, int number);
 
     RegIniFunc& store_;
-    int buttonCount_;
-    std::optional<PatternStore> patterns_; ///< from Load on
-    Pattern defaults_;
+    PatternStore& patterns_;
+    const Pattern& defaults_;
     std::vector<Pattern> records_;
     int currentPattern_ = 1;
 };

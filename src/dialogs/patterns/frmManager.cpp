@@ -1,6 +1,7 @@
 #include "dialogs/patterns/frmManager.h"
 
 #include "app/StringTable.h"
+#include "dialogs/patterns/PatternList.h"
 #include "dialogs/patterns/frmInputBox.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
@@ -25,9 +26,8 @@ constexpr int kButtonHeight = 14;
 
 } // namespace
 
-frmManager::frmManager(HWND owner, RegIniFunc& store, int buttonCount, const StringTable& texts,
-                       const AnsiText& ansiText)
-    : texts_(texts), ansiText_(ansiText), patterns_(store, buttonCount) {
+frmManager::frmManager(HWND owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText)
+    : texts_(texts), ansiText_(ansiText), patterns_(patterns) {
     patterns_.Load();
     CreateHidden(owner, Globals().DialogFontName);
 }

@@ -1,20 +1,19 @@
 #pragma once
 
-#include "dialogs/patterns/PatternList.h"
 #include "ui/Form.h"
 
 #include <optional>
 #include <string>
 
 class AnsiText;
+class PatternList;
 class StringTable;
 
 /// The pattern manager: adds, deletes, copies and renames Patterns. What it did is in the store when it
 /// closes.
 class frmManager final : public Form {
 public:
-    frmManager(HWND owner, RegIniFunc& store, int buttonCount, const StringTable& texts,
-               const AnsiText& ansiText);
+    frmManager(HWND owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText);
 
     void ShowModal() { RunModal(); }
 
@@ -38,5 +37,5 @@ private:
 
     const StringTable& texts_;
     const AnsiText& ansiText_;
-    PatternList patterns_;
+    PatternList& patterns_;
 };
