@@ -31,7 +31,9 @@ std::wstring WindowsFile(const wchar_t* name) {
 }
 
 std::vector<Subject> Subjects(int count, wchar_t** arguments) {
-    std::vector<Subject> subjects{{L"empty dialog", BesideThisProgram(L"EmptyDialog.exe")}};
+    const std::wstring dialog = BesideThisProgram(L"EmptyDialog.exe");
+    std::vector<Subject> subjects{{L"empty dialog", dialog},
+                                  {L"our first page's controls, bare", dialog, L"/controls"}};
     for (int i = 1; i < count; ++i) {
         if (!std::wstring_view(arguments[i]).starts_with(L"/rounds:")) {
             subjects.push_back({arguments[i], arguments[i], L"/k"});
