@@ -34,7 +34,7 @@ constexpr std::uint64_t Mix(std::uint64_t value) {
     return value ^ (value >> 31);
 }
 
-[[gnu::constructor(kFirstOfAll), gnu::no_stack_protector]] void MakeStackGuard() {
+__attribute__((constructor(kFirstOfAll), no_stack_protector)) void MakeStackGuard() {
     FILETIME time{};
     GetSystemTimeAsFileTime(&time);
     LARGE_INTEGER counter{};

@@ -40,16 +40,11 @@ double Channel(std::uint32_t pixel, int channel) {
     return pixel >> (channel * kBitsPerChannel) & kChannelMask;
 }
 
-/// Of a number that isn't negative; std::lround is a call into the C library for every channel.
-std::uint32_t Rounded(double value) {
-    return static_cast<std::uint32_t>(value + 0.5);
-}
-
 std::uint32_t Premultiplied(const double* color, double alpha) {
-    std::uint32_t pixel = Rounded(alpha * kOpaque) << kAlphaShift;
+    auto pixel = static_cast<std::uint32_t>(std::lround(alpha * kOpaque)) << kAlphaShift;
     for (int channel = 0; channel < kChannels; ++channel) {
         const double value = std::clamp(color[channel] * alpha, 0.0, kOpaque);
-        pixel |= Rounded(value) << (channel * kBitsPerChannel);
+        pixel |= static_cast<std::uint32_t>(std::lround(value)) << (channel * kBitsPerChannel);
     }
     return pixel;
 }
