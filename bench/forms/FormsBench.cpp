@@ -18,6 +18,7 @@
 #include "forms/Opening.h"
 #include "platform/InstanceGuard.h"
 #include "platform/windows/WindowsPlatform.h"
+#include "print/PrintingForm.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
 #include "settings/PatternStore.h"
@@ -146,6 +147,14 @@ public:
             frmWizard wizard(owner, platform_, store_, texts_, defaults);
             wizard.ShowModal();
             wizard.UnloadForm();
+        });
+        Compare("open the printing form", 0, [this](HWND owner) {
+            PrintingForm form(owner, texts_);
+            form.Run([givenUp = form.GivenUp()] {
+                while (!*givenUp) {
+                    Sleep(1);
+                }
+            });
         });
         const ScratchUserKey scratch;
         for (const int count : {1, kMaxPatterns}) {

@@ -16,7 +16,10 @@ static void Fill(HWND hwnd) {
         item.pszText = caption;
         SendDlgItemMessageW(hwnd, 1040, TCM_INSERTITEMW, static_cast<WPARAM>(tab),
                             reinterpret_cast<LPARAM>(&item));
-        SendDlgItemMessageW(hwnd, 1001, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Office"));
+    }
+    const wchar_t* const patterns[] = {L"Office", L"Home", L"Travel"};
+    for (const wchar_t* pattern : patterns) {
+        SendDlgItemMessageW(hwnd, 1001, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pattern));
     }
     SendDlgItemMessageW(hwnd, 1001, CB_SETCURSEL, 0, 0);
     for (int button = 0; button < 5; ++button) {

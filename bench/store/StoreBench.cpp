@@ -28,26 +28,23 @@ public:
           launcher_(platform_.windows), fonts_(L"Tahoma") {}
 
     void Save(Comparison& table, int patterns) {
-        const auto save = [&](RegIniFunc& store) {
+        const auto save = [&](PatternStore& store) {
             for (int number = 1; number <= patterns; ++number) {
-                PatternStore(store, kButtons).SavePattern(number, pattern_);
+                store.SavePattern(number, pattern_);
             }
         };
+        PatternStore recorded(recorded_, kButtons);
+        PatternStore stored(store_, kButtons);
         registry_.Forget();
-        save(recorded_);
-        const Timed ours = [&] {
-            return TimeOf([&] {
-                save(store_);
-                return true;
-            });
-        };
+        save(recorded);
         table.Row(
-            "save Patterns", patterns, [&] { return TimeOf([&] { return registry_.WriteBare(); }); }, ours);
-        if (patterns == 1) { // the floor knows each value once, and every Pattern asks for the same
-            table.Row(
-                "  asking where the maker wants it", patterns,
-                [&] { return TimeOf([&] { return registry_.ReadBare() && registry_.WriteBare(); }); }, ours);
-        }
+            "save Patterns", patterns, [&] { return TimeOf([&] { return registry_.WriteBare(); }); },
+            [&] {
+                return TimeOf([&] {
+                    save(stored);
+                    return true;
+                });
+            });
     }
 
     void Switch(Comparison& table, bool saveOld) {

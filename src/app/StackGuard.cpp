@@ -44,8 +44,9 @@ __attribute__((constructor(kFirstOfAll), no_stack_protector)) void MakeStackGuar
     guard = Mix(guard ^ (std::uint64_t{GetCurrentProcessId()} << 32 | GetCurrentThreadId()));
     guard = Mix(guard ^ std::bit_cast<std::uintptr_t>(&time)); // where the system put our stack
     guard = Mix(guard ^ __builtin_ia32_rdtsc());
-    // A text that runs over ends before the first byte.
-    __stack_chk_guard = static_cast<std::uintptr_t>(guard) & ~std::uintptr_t{0xFF};
+    // A text that runs over ends before it. 32 bits have none to spare for a wide one.
+    constexpr std::uintptr_t kTextEnd = sizeof(std::uintptr_t) > 4 ? 0xFFFF : 0xFF;
+    __stack_chk_guard = static_cast<std::uintptr_t>(guard) & ~kTextEnd;
 }
 
 } // namespace

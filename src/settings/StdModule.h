@@ -22,8 +22,8 @@
 /// value of 32 signed bits. Anything else, empty text too, gives nothing.
 [[nodiscard]] std::optional<std::int32_t> NumberFromText(std::wstring_view text);
 
-/// In decimal digits, with a "-" in front where it is negative. What std::to_wstring gives, without the
-/// formatting of the C library that it brings along.
+/// In decimal digits, with a "-" in front where it is negative; numbers of up to 63 bits and a sign. Without
+/// the C library's formatting, which std::to_wstring brings along.
 [[nodiscard]] std::wstring DecimalText(std::int64_t number);
 
 template <std::integral Number>

@@ -167,6 +167,7 @@ HWND Form::AddFrame(int id, const std::wstring& name) {
 }
 
 HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& text, RECT pixels) {
+    assert(row.place.cx == 0 || IsRectEmpty(&pixels) != FALSE);
     const RECT place = row.place.cx != 0 ? font_->Pixels(row.place) : pixels;
     const HWND control =
         CreateWindowExW(row.exStyle, row.windowClass, text.c_str(), row.style | WS_CHILD | WS_VISIBLE,

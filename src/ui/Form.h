@@ -68,8 +68,8 @@ protected:
     /// A hidden child dialog with an id, for controls that come and go together; anywhere on the form. Screen
     /// readers say its name.
     HWND AddFrame(int id, const std::wstring& name);
-    /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout;
-    /// `pixels` is where it stands until then.
+    /// Creates a control on the form or on a page. One whose place has no width is placed by OnLayout, and
+    /// stands at `pixels` until then.
     HWND AddControl(HWND parent, const ControlRow& row, const std::wstring& text = {}, RECT pixels = {});
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }

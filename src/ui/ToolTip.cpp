@@ -4,12 +4,21 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <bit>
 
 namespace {
 
 constexpr int kLongestLine = 1000; // pixels at 100 %
 constexpr int kShownMs = 15'000;   // several lines take time to read
+
+/// What the system cuts off a tip beyond it.
+int ScreenWidth(HWND form) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromWindow(form, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcWork.right - monitor.rcWork.left;
+}
 
 } // namespace
 
@@ -48,7 +57,7 @@ void ToolTip::Give(HWND form, HWND control, const std::wstring& text, HFONT font
         return;
     }
     SendMessageW(window_, WM_SETFONT, std::bit_cast<WPARAM>(font), FALSE);
-    SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, Scaled(kLongestLine, dpi));
+    SendMessageW(window_, TTM_SETMAXTIPWIDTH, 0, std::min(Scaled(kLongestLine, dpi), ScreenWidth(form)));
     control_ = control;
     std::wstring shown = text;
     Tell(TTM_ADDTOOLW, 0, &shown);

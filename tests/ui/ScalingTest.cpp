@@ -31,6 +31,22 @@ TEST_F(Scaling, NothingStaysOnTheScreenOfTheFormerLayout) {
     }
 }
 
+TEST_F(Scaling, APageThatIsFirstShownAfterwardsLooksAsOneThatWasThere) {
+    for (const int page : {1, 2}) {
+        Start();
+        OpenPage(page);
+        ScaleTo(120);
+        const Picture scaled = Picture::CaptureStill(Dialog().Hwnd());
+        EndProgram();
+        Start();
+        ScaleTo(120);
+        OpenPage(page);
+        EXPECT_EQ(UiDriver::DifferingPixels(scaled, Picture::CaptureStill(Dialog().Hwnd())), 0U)
+            << "page " << page;
+        EndProgram();
+    }
+}
+
 TEST_F(Scaling, TabsCanBeClickedAfterwards) {
     Start();
     for (const int dpi : {120, 192, 96}) {

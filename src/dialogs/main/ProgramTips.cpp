@@ -24,8 +24,8 @@ ProgramTips::~ProgramTips() = default;
 void ProgramTips::Enter(HWND form, HWND picture, const ButtonSlot& slot, Look look) {
     std::shared_ptr<Question>& question = questions_[picture];
     const bool known = question && question->slot == slot;
-    if (entered_ == picture && known) {
-        return;
+    if (entered_ == picture && (known || !question)) {
+        return; // without a question none could be asked: not again at each move of the pointer
     }
     tip_.Take();
     form_ = form;
@@ -48,7 +48,7 @@ void ProgramTips::Enter(HWND form, HWND picture, const ButtonSlot& slot, Look lo
             PostMessageW(form, message, 0, 0);
         });
     if (!started) {
-        question.reset(); // the next time the pointer comes, it is asked again
+        question.reset(); // asked again when the pointer comes back
     }
 }
 
