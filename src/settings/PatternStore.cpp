@@ -92,19 +92,21 @@ ButtonSlot PatternStore::LoadSlot(const std::wstring& section, int button, const
     return slot;
 }
 
-void PatternStore::SavePattern(int number, Pattern& pattern) {
+bool PatternStore::SavePattern(int number, Pattern& pattern) {
     const std::wstring section = PatternSection(number);
-    // Failed writes stay without a word, here and below: there is nothing that the user could do about them.
-    store_.IniSetString(section, L"UserName", pattern.UserName, store_.OwnIniFile());
+    // A refused write does not keep the later ones from being tried.
+    bool taken = store_.IniSetString(section, L"UserName", pattern.UserName, store_.OwnIniFile());
     for (int button = 1; button <= buttonCount_; ++button) {
-        SaveSlot(section, button, pattern.Btn(button));
+        taken = SaveSlot(section, button, pattern.Btn(button)) && taken;
     }
+    return taken;
 }
 
-void PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot& slot) {
+bool PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot& slot) {
     const std::wstring prefix = L"Btn" + DecimalText(StorageSlot(button));
+    bool taken = true;
     const auto write = [&](const std::wstring& field, const std::wstring& text) {
-        store_.IniSetString(section, prefix + field, text, store_.OwnIniFile());
+        taken = store_.IniSetString(section, prefix + field, text, store_.OwnIniFile()) && taken;
     };
     write(L"_Exec", slot.Exec);
     write(L"_NumAP", DecimalText(slot.NumAP));
@@ -125,4 +127,5 @@ void PatternStore::SaveSlot(const std::wstring& section, int button, ButtonSlot&
     for (int k = 1; k <= kMaxPrograms; ++k) {
         write(L"_Title" + DecimalText(k), slot.Title(k));
     }
+    return taken;
 }

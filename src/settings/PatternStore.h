@@ -20,8 +20,8 @@ public:
     /// Section "USER" + number (1...10); what is missing comes from `defaults`.
     [[nodiscard]] Pattern LoadPattern(int number, const Pattern& defaults) const;
 
-    /// An empty button name becomes a single blank, in the record too.
-    void SavePattern(int number, Pattern& pattern);
+    /// An empty button name becomes a single blank, in the record too. False when the store refused any of it.
+    bool SavePattern(int number, Pattern& pattern);
 
     /// "UserName" of the section; the default Pattern's name when it is missing.
     [[nodiscard]] std::wstring LoadPatternName(int number, const Pattern& defaults) const;
@@ -33,7 +33,7 @@ public:
 private:
     [[nodiscard]] ButtonSlot LoadSlot(const std::wstring& section, int button,
                                       const ButtonSlot& fallback) const;
-    void SaveSlot(const std::wstring& section, int button, ButtonSlot& slot);
+    bool SaveSlot(const std::wstring& section, int button, ButtonSlot& slot);
 
     RegIniFunc& store_;
     int buttonCount_;

@@ -22,6 +22,14 @@ bool Japanese() {
     return GetACP() == FakeAnsiText::kJapanese;
 }
 
+/// A character beyond ASCII, and its bytes.
+std::wstring Beyond() {
+    return Japanese() ? L"日" : L"é";
+}
+std::string BeyondBytes() {
+    return Japanese() ? "\x93\xFA" : "\xE9";
+}
+
 bool IsSurrogate(wchar_t c) {
     return c >= 0xD800 && c <= 0xDFFF;
 }
@@ -55,6 +63,47 @@ TYPED_TEST(AnsiTextContract, AsciiIsItself) {
 TYPED_TEST(AnsiTextContract, NulsInsideATextAreKept) {
     EXPECT_EQ(this->Encode(L"ab\0cd"s), "ab\0cd"s);
     EXPECT_EQ(this->Decode("ab\0cd"s), L"ab\0cd"s);
+}
+
+// Text of ASCII alone takes a short way, and must not take it with one character too many in it.
+
+TYPED_TEST(AnsiTextContract, OneCharacterBeyondAsciiIsFoundWhereverItStands) {
+    for (const std::size_t length : {1U, 15U, 16U, 17U, 126U, 127U, 128U, 129U, 255U, 256U}) {
+        const std::wstring ascii(length, L'a');
+        const std::string asciiBytes(length, 'a');
+        EXPECT_EQ(this->Encode(ascii), asciiBytes);
+        EXPECT_EQ(this->Decode(asciiBytes), ascii);
+        for (const std::size_t position : {std::size_t{0}, length / 2, length - 1, length}) {
+            SCOPED_TRACE(std::to_string(position) + " of " + std::to_string(length));
+            std::wstring text = ascii;
+            std::string bytes = asciiBytes;
+            text.insert(position, Beyond());
+            bytes.insert(position, BeyondBytes());
+            EXPECT_EQ(this->Encode(text), bytes);
+            EXPECT_EQ(this->Decode(bytes), text);
+        }
+    }
+}
+
+TYPED_TEST(AnsiTextContract, NulsAreKeptBesideCharactersBeyondAscii) {
+    const std::string bytes = "\0ab\0"s + BeyondBytes() + "\0\0c\0"s;
+    const std::wstring text = L"\0ab\0"s + Beyond() + L"\0\0c\0"s;
+    EXPECT_EQ(this->Encode(text), bytes);
+    EXPECT_EQ(this->Decode(bytes), text);
+    EXPECT_EQ(this->Encode(L"\0"s), "\0"s);
+    EXPECT_EQ(this->Decode("\0"s), L"\0"s);
+}
+
+TYPED_TEST(AnsiTextContract, AsciiEndsAt7F) {
+    EXPECT_EQ(this->Encode(L"a\x7F"), "a\x7F");
+    EXPECT_EQ(this->Decode("a\x7F"), L"a\x7F");
+    EXPECT_EQ(this->Decode("\x7F\x80"), Japanese() ? L"\x7F\x80" : L"\x7F€");
+    EXPECT_EQ(this->Encode(L"\x7F\x80"), Japanese() ? "\x7F\x80" : "\x7F?");
+}
+
+TYPED_TEST(AnsiTextContract, ACharacterWhoseLowByteIsAsciiIsNotThatLetter) {
+    EXPECT_EQ(this->Encode(L"x\x0141"), "x?"); // in neither code page
+    EXPECT_EQ(this->Encode(L"\x3042z"), Japanese() ? "\x82\xA0z" : "?z");
 }
 
 TYPED_TEST(AnsiTextContract, TheCodePageIsTheSystems) {

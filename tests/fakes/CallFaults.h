@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 /// Comes out of a call that never returns, as when the process is killed in it. No std::exception, so that
 /// nobody takes it for an error of the call.
 struct KilledInCall {};
@@ -14,16 +16,23 @@ public:
     mutable int killingOperation = 0; ///< that call changes nothing and throws KilledInCall
     int failingWrite = 0;             ///< as failingOperation, counting writes alone
     int writesUntilDeath = -1;        ///< that many more writes are taken, and no later one; -1: no end
+    std::wstring refusedName;         ///< no write of a value or key of that name is taken; its case counts
 
-    void ForgetFaults() { *this = CallFaults{}; }
+    void ForgetFaults() {
+        const bool kept = remembersCalls;
+        *this = CallFaults{};
+        remembersCalls = kept;
+    }
+
+    bool remembersCalls = true; ///< slow where there are very many
 
 protected:
     [[nodiscard]] bool ReadFails() const {
         const bool fails = CallFails();
         return refusesReads || fails;
     }
-    [[nodiscard]] bool WriteFails() {
-        const bool callFails = CallFails();
+    [[nodiscard]] bool WriteFails(const std::wstring& name) {
+        const bool callFails = CallFails() || (!name.empty() && name == refusedName);
         const bool writeFails = CountsDown(failingWrite);
         return refusesWrites || callFails || writeFails || IsDead();
     }

@@ -2,14 +2,15 @@
 
 #include "fakes/CallFaults.h"
 #include "fakes/FakeText.h"
+#include "fakes/TakeAll.h"
 #include "platform/AnsiText.h"
 #include "platform/ProfileFiles.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 /// Profile files in memory, with what the system's functions do to a text on its way: blanks around it and one
@@ -36,7 +37,9 @@ public:
     [[nodiscard]] std::wstring GetString(const std::wstring& section, const std::wstring& key,
                                          const std::wstring& fallback, const std::wstring& file,
                                          std::size_t bufferBytes) const override {
-        operations_.push_back({Access::Read, file, section, key, fallback});
+        if (remembersCalls) {
+            operations_.push_back({Access::Read, file, section, key, fallback});
+        }
         const auto line = Read(section, key, file);
         std::string bytes =
             line ? WithoutQuotes(Trimmed(*line)) : WithoutTrailingBlanks(ansiText_.Encode(fallback));
@@ -48,7 +51,9 @@ public:
 
     [[nodiscard]] std::int32_t GetInt(const std::wstring& section, const std::wstring& key,
                                       std::int32_t fallback, const std::wstring& file) const override {
-        operations_.push_back({Access::Read, file, section, key, std::to_wstring(fallback)});
+        if (remembersCalls) {
+            operations_.push_back({Access::Read, file, section, key, std::to_wstring(fallback)});
+        }
         const auto line = Read(section, key, file);
         const std::string bytes = line ? WithoutQuotes(Trimmed(*line)) : std::string();
         return bytes.empty() ? fallback : LeadingDigits(bytes);
@@ -56,8 +61,10 @@ public:
 
     bool SetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                    const std::wstring& file) override {
-        operations_.push_back({Access::Write, file, section, key, value});
-        if (WriteFails()) {
+        if (remembersCalls) {
+            operations_.push_back({Access::Write, file, section, key, value});
+        }
+        if (WriteFails(key)) {
             return false;
         }
         PutLine(section, key, file, ansiText_.Encode(value));
@@ -65,14 +72,14 @@ public:
     }
 
     bool DeleteSection(const std::wstring& section, const std::wstring& file) override {
-        operations_.push_back({Access::Delete, file, section, {}, {}});
-        if (WriteFails()) {
+        if (remembersCalls) {
+            operations_.push_back({Access::Delete, file, section, {}, {}});
+        }
+        if (WriteFails({})) {
             return false;
         }
-        const auto [wantedFile, wantedSection, key] = KeyOf(section, {}, file);
-        std::erase_if(lines_, [&, wantedFile = wantedFile, wantedSection = wantedSection](const auto& line) {
-            return std::get<0>(line.first) == wantedFile && std::get<1>(line.first) == wantedSection;
-        });
+        const Key key = KeyOf(section, {}, file); // of an entry without a name: what all others begin with
+        std::erase_if(lines_, [&](const auto& line) { return line.first.starts_with(key); });
         return true;
     }
 
@@ -93,7 +100,38 @@ public:
 
     [[nodiscard]] bool SameLines(const FakeProfileFiles& other) const { return lines_ == other.lines_; }
 
-    void TakeLinesOf(const FakeProfileFiles& other) { lines_ = other.lines_; }
+    /// Where the two have another line, or one of them none.
+    [[nodiscard]] std::vector<std::wstring> Differences(const FakeProfileFiles& other) const {
+        std::vector<std::wstring> places;
+        ForEachDifference(lines_, other.lines_, std::equal_to<>(), [&](const Key& key) {
+            places.push_back(ansiText_.Decode(key.substr(key.find(kEndOfName) + 1)));
+        });
+        return places;
+    }
+    /// The same for the place that an operation is about.
+    [[nodiscard]] static std::wstring PlaceOf(const Operation& operation) {
+        return Lowered(operation.section) + L'\n' + Lowered(operation.key);
+    }
+
+    void TakeLinesOf(const FakeProfileFiles& other) { TakeAll(lines_, other.lines_, std::equal_to<>()); }
+    /// Takes that one line, or that it is missing; all of a section where the operation removes one.
+    void TakePlace(const Operation& operation, const FakeProfileFiles& other) {
+        const Key key = KeyOf(operation.section, operation.key, operation.file);
+        if (operation.access == Access::Delete) {
+            for (const auto& [place, line] : other.lines_) {
+                if (place.starts_with(key)) {
+                    lines_[place] = line;
+                }
+            }
+            return;
+        }
+        const auto found = other.lines_.find(key);
+        if (found == other.lines_.end()) {
+            lines_.erase(key);
+        } else {
+            lines_[key] = found->second;
+        }
+    }
 
     /// Every call so far, refused ones too, in order.
     [[nodiscard]] const std::vector<Operation>& Operations() const { return operations_; }
@@ -109,14 +147,35 @@ public:
     void ForgetOperations() { operations_.clear(); }
 
 private:
-    using Key = std::tuple<std::string, std::string, std::string>;
+    /// One text compares and copies faster than three. No name has a line's end in it.
+    using Key = std::string;
 
     [[nodiscard]] Key KeyOf(const std::wstring& section, const std::wstring& key,
                             const std::wstring& file) const {
-        const auto name = [&](const std::wstring& text) { return Trimmed(Lowered(ansiText_.Encode(text))); };
         const bool bare = file.find(L'\\') == std::wstring::npos;
-        return {name(bare ? kWindowsDirectory + (L'\\' + file) : file), name(section), name(key)};
+        Key place;
+        constexpr std::size_t kUsual = 64;
+        place.reserve(kUsual);
+        AppendName(place, bare ? kWindowsDirectory + (L'\\' + file) : file);
+        place.push_back(kEndOfName);
+        AppendName(place, section);
+        place.push_back(kEndOfName);
+        AppendName(place, key);
+        return place;
     }
+    void AppendName(Key& place, const std::wstring& text) const {
+        const bool isAscii =
+            std::all_of(text.begin(), text.end(), [](wchar_t c) { return c > L' ' && c < 0x7F; });
+        if (isAscii) {
+            for (const wchar_t c : text) {
+                place.push_back(static_cast<char>(c >= L'A' && c <= L'Z' ? c - L'A' + L'a' : c));
+            }
+        } else {
+            place += Trimmed(Lowered(ansiText_.Encode(text)));
+        }
+    }
+    static constexpr char kEndOfName = '\n';
+
     [[nodiscard]] std::optional<std::string> Read(const std::wstring& section, const std::wstring& key,
                                                   const std::wstring& file) const {
         return ReadFails() ? std::nullopt : Line(section, key, file);

@@ -4,22 +4,23 @@
 #include <string_view>
 
 /// Names of keys, values, sections and windows count without regard to case. The tests' names are ASCII.
-[[nodiscard]] inline std::wstring Lowered(std::wstring_view text) {
-    std::wstring lowered(text);
-    for (wchar_t& c : lowered) {
-        if (c >= L'A' && c <= L'Z') {
-            c = static_cast<wchar_t>(c - L'A' + L'a');
-        }
+template <class Text, class View> void AppendLowered(Text& lowered, View text) {
+    for (const auto c : text) {
+        const bool isUpper = c >= 'A' && c <= 'Z';
+        lowered.push_back(isUpper ? static_cast<typename Text::value_type>(c - 'A' + 'a') : c);
     }
+}
+
+[[nodiscard]] inline std::wstring Lowered(std::wstring_view text) {
+    std::wstring lowered;
+    lowered.reserve(text.size());
+    AppendLowered(lowered, text);
     return lowered;
 }
 
 [[nodiscard]] inline std::string Lowered(std::string_view bytes) {
-    std::string lowered(bytes);
-    for (char& c : lowered) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
+    std::string lowered;
+    lowered.reserve(bytes.size());
+    AppendLowered(lowered, bytes);
     return lowered;
 }

@@ -7,9 +7,28 @@ namespace {
 
 using UiDriver::Control;
 
+constexpr int kAllButtons = 8;
+
 /// The name of a button when the program is used again.
 std::wstring NameAgain() {
     return Local(L"Again", L"再び");
+}
+
+/// The last value of each button goes: an older program's store had none. Saving a Pattern then changes its last
+/// value too, so that one can tell how far it came.
+void DropLastTitles(const UiDriver::RegistryKey& user, const UiDriver::ProfileFile& ini, bool iniFile,
+                    int patterns) {
+    for (int pattern = 1; pattern <= patterns; ++pattern) {
+        for (int button = 1; button <= kAllButtons; ++button) {
+            const std::string number = std::to_string(button);
+            if (iniFile) {
+                ini.Erase("USER" + std::to_string(pattern), "Btn" + number + "_Title5");
+            } else {
+                user.Sub(L"Setting\\Set" + std::to_wstring(pattern) + L"\\AppKey" + std::to_wstring(button))
+                    .Erase(L"ProgName5");
+            }
+        }
+    }
 }
 
 // QLB_KILLS and QLB_SEED in the environment make these longer, or other ones.
@@ -26,6 +45,7 @@ protected:
         } else {
             User().SetDword(L"CurrSetting", static_cast<DWORD>(current));
         }
+        DropLastTitles(User(), Ini(), iniFile, kPatterns);
     }
 
     /// Everything that is on the pages becomes the maker's.
@@ -87,18 +107,23 @@ protected:
 };
 
 TEST_F(KilledDialog, LeavesEveryValueOldOrNew) {
+    using Writes = KilledWrites;
+    const auto saving = [](int pattern) { return WritesOfPattern(pattern, kAllButtons); };
+    const Writes kApply = Writes{kWriteOfCurrent, kWriteOfCount} + saving(kPatterns) + WritesOfScreen();
+    const Writes kAppend = Writes{kWriteOfCount} + saving(kPatterns + 1);
     // The last pattern is current, so that a deletion lowers its number.
     Killer killer({[this](bool iniFile) { SeedFor(iniFile, kPatterns); },
                    [this]() -> const UiDriver::Process& { return Program(); },
                    [this](bool iniFile) { UseAgain(iniFile); }},
-                  {{"save", [this] { return BeginSave(); }},
-                   {"switch", [this] { return BeginSwitch(); }},
-                   {"add", [this] { return BeginNaming(IDC_cmdAdd, 0); }},
-                   {"delete", [this] { return BeginDelete(); }},
-                   {"copy", [this] { return BeginNaming(IDC_cmdCopy, 1); }},
-                   {"rename", [this] { return BeginNaming(IDC_cmdRename, 1); }},
-                   {"on-screen", [this] { return BeginOnScreen(); }}});
-    killer.Kill(4);
+                  {{"save", [this] { return BeginSave(); }, kApply},
+                   {"switch", [this] { return BeginSwitch(); }, saving(kPatterns) + Writes{kWriteOfCurrent}},
+                   {"add", [this] { return BeginNaming(IDC_cmdAdd, 0); }, kAppend},
+                   {"delete", [this] { return BeginDelete(); },
+                    Writes{{"USER3", ""}, kWriteOfCurrent, kWriteOfCount} + saving(1) + saving(2)},
+                   {"copy", [this] { return BeginNaming(IDC_cmdCopy, 1); }, kAppend},
+                   {"rename", [this] { return BeginNaming(IDC_cmdRename, 1); }, saving(2)},
+                   {"on-screen", [this] { return BeginOnScreen(); }, kApply}});
+    killer.Kill();
 }
 
 class KilledWizard : public WizardUse {
@@ -109,8 +134,10 @@ protected:
         if (iniFile) {
             SeedIniBackEnd();
         }
+        DropLastTitles(User(), Ini(), iniFile, kPatterns);
     }
     Control Walk() const {
+        Wizard().BringToFrontForGood(); // the mouse is used
         GoToPick(Source::ShortcutKey);
         Pick(OfferOf(Source::ShortcutKey));
         Next(IDC_fraFinish);
@@ -123,28 +150,30 @@ protected:
         ExpectAlive();
         EndProgram();
     }
-    void KillIn(const KilledOperation& operation) {
+    void KillIn(const char* name, const std::function<Control()>& begin) {
+        const KilledWrites writes = WritesOfPattern(1, kShownButtons) +
+                                    KilledWrites{kWriteOfCurrent, kWriteOfCount} + WritesOfScreen();
         Killer killer({[this](bool iniFile) { SeedFor(iniFile); },
                        [this]() -> const UiDriver::Process& { return Running(); },
                        [this](bool /*iniFile*/) { UseAgain(); }},
-                      {operation});
-        killer.Kill(2);
+                      {{name, begin, writes}});
+        killer.Kill();
     }
 };
 
 TEST_F(KilledWizard, LeavesEveryValueOldOrNew_FromTheDialog) {
-    KillIn({"wizard", [this] {
-                Open();
-                Next(IDC_fraSelectLaunchMethod);
-                return Walk();
-            }});
+    KillIn("wizard", [this] {
+        Open();
+        Next(IDC_fraSelectLaunchMethod);
+        return Walk();
+    });
 }
 
 TEST_F(KilledWizard, LeavesEveryValueOldOrNew_Alone) {
-    KillIn({"lone wizard", [this] {
-                StartAlone(L"/w:2");
-                return Walk();
-            }});
+    KillIn("lone wizard", [this] {
+        StartAlone(L"/w:2");
+        return Walk();
+    });
 }
 
 } // namespace

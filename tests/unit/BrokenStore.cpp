@@ -1,15 +1,13 @@
 #include "BrokenStore.h"
 
-namespace {
+#include "settings/IniTranslation.h"
 
-constexpr std::int32_t kStoredColor = 77;
-constexpr std::int32_t kEditedColor = 99;
-
-} // namespace
+BrokenStore::BrokenStore(bool iniFile) : buttons(kDialogButtons) {
+    store.IniFileExist = iniFile;
+}
 
 BrokenStore::BrokenStore(bool iniFile, int current, int buttonCount) : buttons(buttonCount) {
     store.IniFileExist = iniFile;
-    FakeFonts installed;
     installed.Add(L"Arial");
     installed.Add(L"Verdana");
     fonts.EnumerateFonts(installed);
@@ -31,7 +29,7 @@ BrokenStore::BrokenStore(bool iniFile, int current, int buttonCount) : buttons(b
         Pattern pattern = FullPattern(Word(number));
         patterns->SavePattern(number, pattern);
     }
-    SaveOnScreen(store, {0, L"Arial", 1, kStoredColor});
+    SaveOnScreen(store, StoredScreen());
     store.IniSetString(kProgramSection, L"CurrUser", std::to_wstring(current), kOwnFile);
     store.IniSetString(kProgramSection, L"NumUser", std::to_wstring(kPatterns), kOwnFile);
     ForgetOperations();
@@ -49,7 +47,7 @@ void BrokenStore::PutDefaults() {
 }
 
 std::wstring BrokenStore::Word(int pattern) {
-    const wchar_t* const words[] = {L"One", L"Second", L"Three", L"Fourth one"};
+    const wchar_t* const words[] = {L"One", L"Second", L"Three"};
     return words[pattern - 1];
 }
 
@@ -78,19 +76,23 @@ ButtonSlot BrokenStore::EditedSlot() const {
 }
 
 void BrokenStore::EditEverything(MainSettings& dialog) const {
-    const Pattern edits = FullPattern(L"by hand");
+    const Pattern edits = FullPattern(kEdited);
     for (int button = 1; button <= buttons; ++button) {
         dialog.SetSlot(button, edits.Btn(button));
     }
-    dialog.SetOnScreen({1, L"Verdana", 2, kEditedColor});
+    EditTheScreen(dialog);
 }
 
-int BrokenStore::Calls(bool ofFiles) const {
-    return static_cast<int>(ofFiles ? files.Operations().size() : registry.Operations().size());
+int BrokenStore::Calls() const {
+    return static_cast<int>(store.IniFileExist ? files.Operations().size() : registry.Operations().size());
 }
 
-void BrokenStore::Arm(Fault fault, bool ofFiles, int number) {
-    CallFaults& faults = ofFiles ? static_cast<CallFaults&>(files) : registry;
+int BrokenStore::CallsOfTheOther() const {
+    return static_cast<int>(store.IniFileExist ? registry.Operations().size() : files.Operations().size());
+}
+
+void BrokenStore::Arm(Fault fault, int number) {
+    CallFaults& faults = store.IniFileExist ? static_cast<CallFaults&>(files) : registry;
     switch (fault) {
     case Fault::Once:
         faults.failingOperation = number;
@@ -102,6 +104,16 @@ void BrokenStore::Arm(Fault fault, bool ofFiles, int number) {
         faults.killingOperation = number;
         break;
     }
+}
+
+void BrokenStore::RefuseEach(const wchar_t* key) {
+    files.refusedName = key;
+    registry.refusedName = TranslateIniName(kProgramSection, key)->name;
+}
+
+void BrokenStore::RefuseWrites() {
+    registry.refusesWrites = true;
+    files.refusesWrites = true;
 }
 
 void BrokenStore::Disarm() {
@@ -116,31 +128,12 @@ void BrokenStore::TakeContentsOf(const BrokenStore& other) {
     ForgetOperations();
 }
 
-void BrokenStore::Replay(const BrokenStore& recorded, bool ofFiles, int number) {
-    const auto index = static_cast<std::size_t>(number) - 1;
-    if (ofFiles) {
-        const FakeProfileFiles::Operation& operation = recorded.files.Operations().at(index);
-        if (operation.access == FakeProfileFiles::Access::Write) {
-            files.SetString(operation.section, operation.key, operation.value, operation.file);
-        } else if (operation.access == FakeProfileFiles::Access::Delete) {
-            files.DeleteSection(operation.section, operation.file);
-        }
-        return;
-    }
-    const FakeRegistry::Operation& operation = recorded.registry.Operations().at(index);
-    if (operation.access == FakeRegistry::Access::Write) {
-        registry.Set(operation.hive, operation.path, operation.name, operation.value);
-    } else if (operation.access == FakeRegistry::Access::Delete) {
-        registry.DeleteKey(operation.hive, operation.path);
-    }
-}
-
-void BrokenStore::ReplayAll(const BrokenStore& recorded, bool ofFiles, int butFor) {
-    for (int number = 1; number <= recorded.Calls(ofFiles); ++number) {
-        if (number != butFor) {
-            Replay(recorded, ofFiles, number);
-        }
-    }
+std::set<std::wstring> BrokenStore::Differences(const BrokenStore& other) const {
+    const std::vector<std::wstring> values = registry.Differences(other.registry);
+    const std::vector<std::wstring> lines = files.Differences(other.files);
+    std::set<std::wstring> places(values.begin(), values.end());
+    places.insert(lines.begin(), lines.end());
+    return places;
 }
 
 Pattern BrokenStore::Stored(int pattern) const {
@@ -153,4 +146,46 @@ bool BrokenStore::HasSection(int pattern) const {
 
 int BrokenStore::Number(const wchar_t* key) const {
     return std::stoi(store.IniGetString(kProgramSection, key, L"0", kOwnFile));
+}
+
+bool RecordedCalls::IsRead(int number) const {
+    return ofFiles_ ? files_.at(Index(number)).access == FakeProfileFiles::Access::Read
+                    : registry_.at(Index(number)).access == FakeRegistry::Access::Read;
+}
+
+std::wstring RecordedCalls::PlaceOf(int number) const {
+    return ofFiles_ ? FakeProfileFiles::PlaceOf(files_.at(Index(number)))
+                    : FakeRegistry::PlaceOf(registry_.at(Index(number)));
+}
+
+void RecordedCalls::Replay(int number, BrokenStore& to) const {
+    if (IsRead(number)) {
+        return;
+    }
+    if (ofFiles_) {
+        const FakeProfileFiles::Operation& call = files_.at(Index(number));
+        if (call.access == FakeProfileFiles::Access::Write) {
+            to.files.SetString(call.section, call.key, call.value, call.file);
+        } else {
+            to.files.DeleteSection(call.section, call.file);
+        }
+        return;
+    }
+    const FakeRegistry::Operation& call = registry_.at(Index(number));
+    if (call.access == FakeRegistry::Access::Write) {
+        to.registry.Set(call.hive, call.path, call.name, call.value);
+    } else {
+        to.registry.DeleteKey(call.hive, call.path);
+    }
+}
+
+void RecordedCalls::Undo(int number, BrokenStore& to, const BrokenStore& before) const {
+    if (IsRead(number)) {
+        return;
+    }
+    if (ofFiles_) {
+        to.files.TakePlace(files_.at(Index(number)), before.files);
+    } else {
+        to.registry.TakePlace(registry_.at(Index(number)), before.registry);
+    }
 }

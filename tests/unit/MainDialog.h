@@ -4,6 +4,7 @@
 #include "app/LauncherNotification.h"
 #include "dialogs/main/EnumFont.h"
 #include "dialogs/main/MainSettings.h"
+#include "dialogs/patterns/PatternList.h"
 #include "fakes/FakeFonts.h"
 #include "fakes/FakeWindows.h"
 
@@ -36,6 +37,13 @@ struct MainDialog : TestStore {
             PutUser(subkey + L"\\AppKey" + std::to_wstring(button), L"Execute", "S");
             PutUser(subkey + L"\\AppKey" + std::to_wstring(button), L"NumAP", 1);
         }
+    }
+
+    /// The pattern manager opens and closes on what is in the store. True when the whole Pattern was read again.
+    bool OpenAndCloseManager() {
+        PatternList managed = settings.PatternsToManage();
+        managed.Load();
+        return settings.ReloadPatternList(managed);
     }
 
     /// Written() without the lines that begin so.

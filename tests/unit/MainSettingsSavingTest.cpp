@@ -158,7 +158,7 @@ TEST_F(Saving, TakesTheNumbersAndNamesThatTheManagerLeft) {
     PutUser(L"", L"CurrSetting", 2);
     PutUser(L"", L"NumSetting", 3);
     PutUser(L"Setting\\Set2", L"SetName", "Renamed");
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     EXPECT_EQ(settings.CurrentPattern(), 2);
     EXPECT_THAT(settings.PatternNames(), ElementsAre(L"Home", L"Renamed", L"Standard"));
     EXPECT_EQ(settings.Working().UserName, L"Renamed");
@@ -168,14 +168,73 @@ TEST_F(Saving, TakesTheNumbersAndNamesThatTheManagerLeft) {
 
 TEST_F(Saving, KeepsUnsavedEdits_WhenTheManagerCloses) {
     settings.SetButtonName(1, L"Post");
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     EXPECT_EQ(settings.Slot(1).Name, L"Post");
     EXPECT_TRUE(settings.PatternChanged());
 }
 
+TEST_F(Saving, FollowsItsPattern_WhenTheManagerDeletesTheOneBefore) {
+    settings.SwitchPattern(2, false);
+    settings.SetButtonName(1, L"Post");
+    PatternList managed = settings.PatternsToManage();
+    managed.Load();
+    managed.Delete(0);
+    EXPECT_FALSE(settings.ReloadPatternList(managed));
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Report");
+    settings.Save();
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
+}
+
+TEST_F(Saving, KeepsUnsavedEdits_WhenAnEarlierSaveWasRefused) {
+    settings.SetButtonName(1, L"Post");
+    registry.refusesWrites = true;
+    settings.Save();
+    settings.SetButtonName(2, L"Letters");
+    EXPECT_FALSE(OpenAndCloseManager());
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_EQ(settings.Slot(2).Name, L"Letters");
+}
+
+// What was edited belongs to the other Pattern, and would be saved over this one.
+TEST_F(Saving, TakesTheWholePattern_WhenAnotherProgramMadeItCurrent) {
+    settings.SetButtonName(1, L"Post");
+    PutUser(L"", L"CurrSetting", 2);
+    EXPECT_TRUE(OpenAndCloseManager());
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+    EXPECT_FALSE(settings.AnythingChanged());
+    settings.Save();
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Report");
+}
+
+TEST_F(Saving, KeepsItsPattern_WhoseNumberIsBeyondTheList) {
+    settings.SwitchPattern(5, false);
+    settings.SetButtonName(1, L"Fifth");
+    PatternList managed = settings.PatternsToManage();
+    managed.Load();
+    managed.Add(L"New");
+    EXPECT_FALSE(settings.ReloadPatternList(managed));
+    EXPECT_EQ(settings.CurrentPattern(), 5);
+    EXPECT_EQ(settings.Slot(1).Name, L"Fifth");
+}
+
+TEST_F(Saving, TakesTheNewPattern_ThatTookANumberBeyondTheList) {
+    PutPattern(3, "Old", "Old button");
+    settings.SwitchPattern(3, false);
+    settings.SetButtonName(1, L"Third");
+    PatternList managed = settings.PatternsToManage();
+    managed.Load();
+    managed.Add(L"New");
+    EXPECT_TRUE(settings.ReloadPatternList(managed));
+    EXPECT_EQ(settings.Slot(1).Name, L"Default");
+    EXPECT_EQ(settings.Working().UserName, L"New");
+}
+
 TEST_F(Saving, CountsARenamedPatternAsNoChange) {
     PutUser(L"Setting\\Set1", L"SetName", "Renamed");
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     EXPECT_FALSE(settings.AnythingChanged());
     settings.Save();
     EXPECT_EQ(UserString(L"Setting\\Set1", L"SetName"), "Renamed");
@@ -184,14 +243,14 @@ TEST_F(Saving, CountsARenamedPatternAsNoChange) {
 TEST_F(Saving, TakesOnePatternAndTheFirst_WhenTheManagerLeftNoValidNumbers) {
     PutUser(L"", L"CurrSetting", 11);
     PutUser(L"", L"NumSetting", 0);
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     EXPECT_EQ(settings.CurrentPattern(), 1);
     EXPECT_THAT(settings.PatternNames(), ElementsAre(L"Home"));
 }
 
 TEST_F(Saving, NamesTheCurrentPatternByTheDefault_WhenItsNameIsGone) {
     registry.Remove(RegistryHive::CurrentUser, Path(L"Setting\\Set1"), L"SetName");
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     EXPECT_EQ(settings.Working().UserName, L"Standard");
 }
 

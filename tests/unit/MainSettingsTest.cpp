@@ -244,7 +244,7 @@ TEST_F(Loading, KeepsTheChosenPicture_WhenNamesChange) {
     settings.SetButtonName(1, L"Other");
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
     PutUser(L"Setting\\Set1", L"SetName", "Renamed");
-    settings.ReloadPatternList();
+    OpenAndCloseManager();
     ASSERT_EQ(settings.Working().UserName, L"Renamed");
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
 }

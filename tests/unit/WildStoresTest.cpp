@@ -236,7 +236,7 @@ private:
         sources.LoadStartMenu();
         EXPECT_LE(sources.ShortcutKeys().size(), 4U);
 
-        PatternList list(store, settings.Patterns(), settings.Defaults());
+        PatternList list = settings.PatternsToManage();
         list.Load();
         EXPECT_EQ(list.Count(), static_cast<int>(settings.PatternNames().size()));
         EXPECT_TRUE(list.CurrentPattern() >= 1 && list.CurrentPattern() <= list.Count());

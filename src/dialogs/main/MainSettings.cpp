@@ -1,6 +1,7 @@
 #include "dialogs/main/MainSettings.h"
 
 #include "app/LauncherNotification.h"
+#include "dialogs/patterns/PatternList.h"
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
 
@@ -10,6 +11,7 @@ MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, co
 void MainSettings::Load() {
     switches_ = LoadMakerSwitches(store_);
     currentPattern_ = store_.ReadCurrentPatternNumber();
+    currentRefused_ = false;
     defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
     onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
     unchangedOnScreen_ = onScreen_;
@@ -28,10 +30,34 @@ void MainSettings::LoadPatternNames() {
     }
 }
 
-void MainSettings::ReloadPatternList() {
-    currentPattern_ = store_.ReadCurrentPatternNumber();
+PatternList MainSettings::PatternsToManage() {
+    if (currentRefused_) {
+        WriteCurrentNumber();
+    }
+    return {store_, *patterns_, defaults_};
+}
+
+bool MainSettings::ReloadPatternList(PatternList& managed) {
+    managed.WriteRefused();
+    const int formerNumber = currentPattern_;
+    const int place = managed.NumberOf(formerNumber);
+    currentRefused_ = (currentRefused_ || managed.IsCurrentRefused()) && managed.IsStored(place);
+    // A number that the store refuses to this day is written with the next save.
+    currentPattern_ = currentRefused_ ? place : store_.ReadCurrentPatternNumber();
     LoadPatternNames();
-    working_.UserName = patterns_->LoadPatternName(currentPattern_, defaults_);
+    if ((currentPattern_ == place && managed.IsFree(place)) || IsAsBefore(formerNumber)) {
+        working_.UserName = patterns_->LoadPatternName(currentPattern_, defaults_);
+        unchanged_.UserName = working_.UserName;
+        return false;
+    }
+    LoadCurrentPattern();
+    return true;
+}
+
+bool MainSettings::IsAsBefore(int formerNumber) const {
+    return currentPattern_ == formerNumber &&
+           (patterns_->LoadPatternName(currentPattern_, Pattern{}).empty() ||
+            patterns_->LoadPattern(currentPattern_, defaults_) == unchanged_);
 }
 
 void MainSettings::LoadCurrentPattern() {
@@ -83,8 +109,13 @@ bool MainSettings::AnythingChanged() const {
     return PatternChanged() || !OnScreenEqual(onScreen_, unchangedOnScreen_);
 }
 
+void MainSettings::WriteCurrentNumber() {
+    currentRefused_ =
+        !store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(currentPattern_), store_.OwnIniFile());
+}
+
 void MainSettings::WritePatternNumbers() {
-    store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(currentPattern_), store_.OwnIniFile());
+    WriteCurrentNumber();
     store_.IniSetString(kProgramSection, L"NumUser", DecimalText(patternNames_.size()), store_.OwnIniFile());
 }
 
@@ -128,7 +159,7 @@ void MainSettings::SwitchPattern(int number, bool saveOld, const std::function<v
         patterns_->SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;
-    store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(number), store_.OwnIniFile());
+    WriteCurrentNumber();
     LoadCurrentPattern();
     loaded();
     launcher_.NotifyLauncher();

@@ -12,14 +12,15 @@
 
 class FaceMatcher;
 class LauncherNotification;
+class PatternList;
 class RegIniFunc;
 
 /// Pages of the main dialog, as "/t:" numbers them.
 enum class MainPage { Desktop = 0, Notebook = 1, OnScreen = 2 };
 
 /// What the main dialog edits: a working copy of the current Pattern and of the on-screen settings, beside
-/// the copies that were last loaded or saved. Only Save, SwitchPattern and WritePatternNumbers touch the
-/// store.
+/// the copies that were last loaded or saved. Only saving, switching and WritePatternNumbers touch the store;
+/// around the pattern manager, what it refused is written again.
 class MainSettings {
 public:
     MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts);
@@ -66,8 +67,6 @@ public:
     /// The number (1...8) under which a button is stored.
     [[nodiscard]] int StorageSlot(int button) const { return patterns_->StorageSlot(button); }
     [[nodiscard]] const Pattern& Defaults() const { return defaults_; }
-    /// Where Patterns are stored, for as long as the program runs.
-    [[nodiscard]] PatternStore& Patterns() { return *patterns_; }
 
     /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
     /// launcher told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is
@@ -75,12 +74,21 @@ public:
     void SwitchPattern(
         int number, bool saveOld, const std::function<void()>& loaded = [] {});
 
+    /// The list for the pattern manager, still to be loaded. The current number is written again if the store refused
+    /// it: the manager believes the store.
+    [[nodiscard]] PatternList PatternsToManage();
+
     /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's
-    /// name. Its unsaved edits stay.
-    void ReloadPatternList();
+    /// name. Unsaved edits stay. But the whole Pattern is read when the current number has come to mean another one,
+    /// over which the edits would otherwise be saved: the store refused a part, or another program wrote the number.
+    /// True then.
+    bool ReloadPatternList(PatternList& managed);
 
 private:
     void LoadPatternNames();
+    void WriteCurrentNumber();
+    /// Whether the manager changed nothing of the current Pattern, or left nothing in its place.
+    [[nodiscard]] bool IsAsBefore(int formerNumber) const;
     void LoadCurrentPattern();
     void ChoosePicture(int button);
     void StorePattern();
@@ -93,6 +101,7 @@ private:
     MakerSwitches switches_;
     std::optional<PatternStore> patterns_; ///< from Load on
     int currentPattern_ = 1;
+    bool currentRefused_ = false; ///< the store has another number
     std::vector<std::wstring> patternNames_;
     Pattern defaults_;
     Pattern working_;

@@ -359,17 +359,20 @@ void frmMain::ManagePatterns() {
     if (saving_) {
         return;
     }
-    PatternList patterns(store_, settings_.Patterns(), settings_.Defaults());
+    PatternList patterns = settings_.PatternsToManage();
     frmManager manager(Window(), patterns, texts_, platform_.ansiText);
     WhileAsking([&] {
         manager.ShowModal();
         return true;
     });
-    settings_.ReloadPatternList();
+    const bool anotherPattern = settings_.ReloadPatternList(patterns);
     for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
         if (HasControl(box)) {
             FillPatternBox(Control(box));
         }
+    }
+    if (anotherPattern) {
+        ShowCurrentPattern();
     }
 }
 

@@ -11,21 +11,24 @@ PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Patter
     : store_(store), patterns_(patterns), defaults_(defaults) {}
 
 void PatternList::Load() {
-    const int count = store_.ReadPatternCount();
+    loadedCount_ = store_.ReadPatternCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
-    if (currentPattern_ > count) {
+    if (currentPattern_ > loadedCount_) {
         currentPattern_ = 1;
     }
     records_.clear();
-    for (int number = 1; number <= count; ++number) {
-        records_.push_back(patterns_.LoadPattern(number, defaults_));
+    for (int number = 1; number <= loadedCount_; ++number) {
+        records_.push_back({patterns_.LoadPattern(number, defaults_), number});
     }
+    refusedSections_.clear();
+    currentRefused_ = false;
+    countRefused_ = false;
 }
 
 std::vector<std::wstring> PatternList::Names() const {
     std::vector<std::wstring> names;
-    for (const Pattern& record : records_) {
-        names.push_back(record.UserName);
+    for (const Record& record : records_) {
+        names.push_back(record.pattern.UserName);
     }
     return names;
 }
@@ -35,21 +38,23 @@ void PatternList::Add(const std::wstring& name) {
 }
 
 void PatternList::Copy(int index, const std::wstring& name) {
-    Append(Record(index), name);
+    Append(At(index).pattern, name);
 }
 
 void PatternList::Append(Pattern pattern, const std::wstring& name) {
     if (!CanAdd()) {
         return;
     }
+    WriteRefused();
     pattern.UserName = name;
-    records_.push_back(std::move(pattern));
-    WriteNumber(L"NumUser", Count());
+    records_.push_back({std::move(pattern)});
+    WriteCount();
     Save(Count() - 1);
 }
 
 void PatternList::Rename(int index, const std::wstring& name) {
-    records_.at(static_cast<std::size_t>(index)).UserName = name;
+    WriteRefused();
+    At(index).pattern.UserName = name;
     Save(index);
 }
 
@@ -57,27 +62,75 @@ int PatternList::Delete(int index) {
     if (!CanDelete(index)) {
         return index;
     }
+    WriteRefused();
     const int oldCount = Count();
     records_.erase(records_.begin() + index);
-    // Refused writes stay without a word, here and below, as everywhere in the store.
-    store_.IniDeleteSection(PatternSection(oldCount), store_.OwnIniFile());
+    DeleteSection(oldCount);
     if (index < currentPattern_) {
         --currentPattern_;
-        WriteNumber(L"CurrUser", currentPattern_);
+        WriteCurrent();
     }
-    WriteNumber(L"NumUser", Count());
+    WriteCount();
     for (int i = 0; i < Count(); ++i) {
         Save(i);
     }
     return std::min(index, Count() - 1);
 }
 
-void PatternList::Save(int index) {
-    Pattern& record = records_.at(static_cast<std::size_t>(index));
-    patterns_.SavePattern(index + 1, record);
-    record.UserName = store_.AsStored(record.UserName);
+void PatternList::WriteRefused() {
+    for (const int section : std::set<int>(refusedSections_)) {
+        DeleteSection(section);
+    }
+    if (currentRefused_) {
+        WriteCurrent();
+    }
+    if (countRefused_) {
+        WriteCount();
+    }
+    for (int i = 0; i < Count(); ++i) {
+        if (At(i).refused) {
+            Save(i);
+        }
+    }
 }
 
-void PatternList::WriteNumber(const wchar_t* key, int number) {
-    store_.IniSetString(kProgramSection, key, DecimalText(number), store_.OwnIniFile());
+int PatternList::NumberOf(int former) const {
+    for (int i = 0; i < Count(); ++i) {
+        if (At(i).former == former) {
+            return i + 1;
+        }
+    }
+    return former > loadedCount_ && former > Count() ? former : 0;
+}
+
+bool PatternList::IsFree(int number) const {
+    const int moved = NumberOf(number);
+    return moved == 0 || moved == number || !At(moved - 1).refused;
+}
+
+void PatternList::Save(int index) {
+    Record& record = At(index);
+    record.refused = !patterns_.SavePattern(index + 1, record.pattern);
+    record.pattern.UserName = store_.AsStored(record.pattern.UserName);
+    refusedSections_.erase(index + 1);
+}
+
+void PatternList::DeleteSection(int number) {
+    if (store_.IniDeleteSection(PatternSection(number), store_.OwnIniFile())) {
+        refusedSections_.erase(number);
+    } else {
+        refusedSections_.insert(number);
+    }
+}
+
+void PatternList::WriteCurrent() {
+    currentRefused_ = !WriteNumber(L"CurrUser", currentPattern_);
+}
+
+void PatternList::WriteCount() {
+    countRefused_ = !WriteNumber(L"NumUser", Count());
+}
+
+bool PatternList::WriteNumber(const wchar_t* key, int number) {
+    return store_.IniSetString(kProgramSection, key, DecimalText(number), store_.OwnIniFile());
 }

@@ -45,6 +45,12 @@ void ProfileFile::Erase(const std::string& section, const std::string& key) cons
     }
 }
 
+void ProfileFile::EraseSection(const std::string& section) const {
+    if (!WritePrivateProfileStringA(section.c_str(), nullptr, nullptr, AnsiPath().c_str())) {
+        FailLastError(L"removing a section from " + path_);
+    }
+}
+
 bool ProfileFile::Exists() const {
     return ReadBytes(path_).has_value();
 }

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] std::optional<std::string> Get(const std::string& section, const std::string& key) const;
     void Set(const std::string& section, const std::string& key, const std::string& value) const;
     void Erase(const std::string& section, const std::string& key) const;
+    void EraseSection(const std::string& section) const;
 
     [[nodiscard]] bool Exists() const;
 
