@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 #include "ui/Dpi.h"
 
