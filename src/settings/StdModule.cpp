@@ -168,6 +168,14 @@ std::wstring WithoutMnemonic(std::wstring_view text) {
     return result;
 }
 
+std::wstring WithoutAccessKeys(std::wstring_view text) {
+    std::wstring result;
+    for (const wchar_t c : text) {
+        result.append(c == L'&' ? 2 : 1, c);
+    }
+    return result;
+}
+
 std::wstring TrimBlanks(std::wstring_view text) {
     const std::size_t first = text.find_first_not_of(L' ');
     if (first == std::wstring_view::npos) {

@@ -39,6 +39,9 @@ requires(!std::same_as<Number, std::int64_t>) [[nodiscard]] std::wstring Decimal
 /// key which the words don't have.
 [[nodiscard]] std::wstring WithoutMnemonic(std::wstring_view text);
 
+/// Text for a control that would take "&" for the mark of an access key.
+[[nodiscard]] std::wstring WithoutAccessKeys(std::wstring_view text);
+
 /// True when the text is numeric and min <= value <= max.
 [[nodiscard]] bool IsNumericInRange(std::wstring_view text, std::int32_t min, std::int32_t max);
 

@@ -55,11 +55,3 @@ ComboEvent ComboEventOf(HWND combo, int notification) {
     const bool chosen = notification == CBN_CLOSEUP || (notification == CBN_SELCHANGE && !open);
     return chosen ? ComboEvent::Chosen : ComboEvent::None;
 }
-
-std::wstring WithoutAccessKeys(const std::wstring& text) {
-    std::wstring result;
-    for (const wchar_t c : text) {
-        result.append(c == L'&' ? 2 : 1, c);
-    }
-    return result;
-}

@@ -37,6 +37,3 @@ void ComboSelect(HWND combo, int index);
 /// entry that the list closes with.
 enum class ComboEvent { None, Chosen, Cancelled };
 [[nodiscard]] ComboEvent ComboEventOf(HWND combo, int notification);
-
-/// Text for a control that would take "&" for the mark of an access key.
-[[nodiscard]] std::wstring WithoutAccessKeys(const std::wstring& text);

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iostream>
 
 using UiDriver::Control;
 using UiDriver::MouseButton;
@@ -18,7 +17,7 @@ using UiDriver::Window;
 
 namespace {
 
-constexpr std::size_t kKept = 60;
+constexpr UiDriver::Milliseconds kUntilTip{800};
 
 struct Key {
     const char* name;
@@ -87,6 +86,20 @@ void Press(const Key& key) {
     }
 }
 
+/// All in one moment: with a pause in it, the second click would meet what the first one opens, or not yet.
+void DoubleClick(POINT point) {
+    UiDriver::Pause(UiDriver::Milliseconds(GetDoubleClickTime() + 50)); // not with the click before
+    UiDriver::Mouse::MoveTo(point);
+    std::array<INPUT, 4> clicks{};
+    for (std::size_t i = 0; i < clicks.size(); ++i) {
+        clicks.at(i).type = INPUT_MOUSE;
+        clicks.at(i).mi.dwFlags = i % 2 == 0 ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_LEFTUP;
+    }
+    if (SendInput(static_cast<UINT>(clicks.size()), clicks.data(), sizeof(INPUT)) != clicks.size()) {
+        UiDriver::FailLastError(L"injecting a double click");
+    }
+}
+
 /// A dialog button, not one of the options or check boxes.
 bool IsPushButton(const Control& control) {
     const LONG type = control.Style() & BS_TYPEMASK;
@@ -100,17 +113,6 @@ bool IsPrintDialog(const Window& form) {
 
 } // namespace
 
-void Actor::Note(const std::string& action) {
-    static const bool all = std::getenv("QLB_STORM_LOG") != nullptr;
-    if (all) {
-        std::cout << "  " << action << '\n' << std::flush;
-    }
-    log_.push_back(action);
-    if (log_.size() > kKept) {
-        log_.pop_front();
-    }
-}
-
 POINT Actor::PointIn(const RECT& rect) {
     const auto within = [&](LONG begin, LONG end, int limit) {
         const LONG wanted = begin + random_->Below(std::max(1, static_cast<int>(end - begin)));
@@ -122,7 +124,7 @@ POINT Actor::PointIn(const RECT& rect) {
 
 bool Actor::Spares(const Window& form) {
     // Else most of the actions would end the program.
-    return form.Hwnd() == dialog_.Hwnd() && !random_->OneIn(8);
+    return form.Hwnd() == dialog_.Hwnd() && !random_->OneIn(20);
 }
 
 void Actor::Act(const Scene& scene) {
@@ -132,12 +134,12 @@ void Actor::Act(const Scene& scene) {
     }
     const Window& form = scene.Active();
     if (form.Minimised()) {
-        Note("restore " + NameOf(form));
+        Do("restore", NameOf(form));
         form.Restore();
         return;
     }
     if (scene.ShowsFiles()) {
-        Note("cancel " + NameOf(form));
+        Do("cancel", NameOf(form));
         form.Close();
         return;
     }
@@ -146,22 +148,24 @@ void Actor::Act(const Scene& scene) {
         UiDriver::Send(form.Hwnd(), WM_NULL);
     }
     const int kind = random_->Below(100);
-    if (kind < 62) {
+    if (kind < 57) {
         OnControl(form);
-    } else if (kind < 82) {
+    } else if (kind < 75) {
         PressKey(form);
-    } else if (kind < 86) {
+    } else if (kind < 79) {
         Type();
-    } else if (kind < 89) {
+    } else if (kind < 81) {
+        Hover(form);
+    } else if (kind < 84) {
         Move(form);
-    } else if (kind < 93) {
+    } else if (kind < 88) {
         SendSystemMessage(form);
-    } else if (kind < 97) {
+    } else if (kind < 92) {
         SendStrayCommand(scene);
-    } else if (kind < 98) {
+    } else if (kind < 95) {
         StartAgain();
     } else {
-        Close(form);
+        Close(scene);
     }
 }
 
@@ -169,28 +173,28 @@ void Actor::InMenu(const Window& menu) {
     const RECT rect = menu.Rect();
     switch (random_->Below(8)) {
     case 0:
-        Note("Escape in the menu");
+        Do("Escape in the menu");
         UiDriver::Keyboard::Press(VK_ESCAPE);
         break;
     case 1:
-        Note("Right in the menu");
+        Do("Right in the menu");
         UiDriver::Keyboard::Press(VK_RIGHT);
         break;
     case 2:
-        Note("Enter in the menu");
+        Do("Enter in the menu");
         UiDriver::Keyboard::Press(VK_RETURN);
         break;
     case 3:
     case 4:
-        Note("Down in the menu");
+        Do("Down in the menu");
         UiDriver::Keyboard::Press(VK_DOWN);
         break;
     case 5:
-        Note("click beside the menu");
+        Do("click beside the menu");
         UiDriver::Mouse::Click({2, 2});
         break;
     default:
-        Note("click in the menu");
+        Do("click in the menu");
         UiDriver::Mouse::Click(PointIn(rect));
         break;
     }
@@ -202,7 +206,11 @@ void Actor::OnControl(const Window& form) {
         PressKey(form);
         return;
     }
-    OnControl(form, random_->Of(controls));
+    const auto dull = [](const Control& control) {
+        return UiDriver::SameClass(control.ClassName(), WC_STATICW) || !control.Enabled();
+    };
+    const Control& first = random_->Of(controls);
+    OnControl(form, dull(first) ? random_->Of(controls) : first);
 }
 
 void Actor::OnControl(const Window& form, const Control& control) {
@@ -222,20 +230,20 @@ void Actor::OnControl(const Window& form, const Control& control) {
     } else if (is(WC_TABCONTROLW)) {
         OnTabs(control);
     } else if (random_->OneIn(10)) {
-        Note("right click on " + NameOf(control));
+        Do("right click on", NameOf(control));
         UiDriver::Mouse::Click(control.Centre(), MouseButton::Right);
     } else if (random_->OneIn(10)) {
-        Note("double click on " + NameOf(control));
-        UiDriver::Mouse::DoubleClick(control.Centre());
+        Do("double click on", NameOf(control));
+        DoubleClick(control.Centre());
     } else {
-        Note("click on " + NameOf(control));
+        Do("click on", NameOf(control));
         UiDriver::Mouse::Click(control.Centre());
     }
 }
 
 void Actor::OnEdit(const Control& control) {
     const bool menu = random_->OneIn(4);
-    Note((menu ? "right click on " : "click on ") + NameOf(control));
+    Do(menu ? "right click on" : "click on", NameOf(control));
     UiDriver::Mouse::Click(control.Centre(), menu ? MouseButton::Right : MouseButton::Left);
     if (!menu) {
         Type();
@@ -245,7 +253,7 @@ void Actor::OnEdit(const Control& control) {
 void Actor::OnCombo(const Control& control) {
     switch (random_->Below(3)) {
     case 0:
-        Note("click on " + NameOf(control));
+        Do("click on", NameOf(control));
         UiDriver::Mouse::Click(control.Centre());
         break;
     case 1: {
@@ -253,14 +261,14 @@ void Actor::OnCombo(const Control& control) {
         const RECT rect = control.Rect();
         const int row = random_->Below(8);
         const int height = static_cast<int>(rect.bottom - rect.top);
-        Note("pick row " + std::to_string(row) + " of " + NameOf(control));
+        Do("pick in a list", std::to_string(row) + " of " + NameOf(control));
         UiDriver::Mouse::Click(control.Centre());
         UiDriver::Mouse::Click(PointIn({rect.left + height, rect.bottom + row * height * 2 / 3,
                                         rect.right - 2 * height, rect.bottom + (row + 1) * height * 2 / 3}));
         break;
     }
     default:
-        Note("open, Down and Enter in " + NameOf(control));
+        Do("open, Down and Enter in", NameOf(control));
         UiDriver::Mouse::Click(control.Centre());
         UiDriver::Keyboard::Press(VK_DOWN);
         UiDriver::Keyboard::Press(VK_RETURN);
@@ -272,7 +280,7 @@ void Actor::OnTabs(const Control& control) {
     const UiDriver::TabControl tabs(control.Hwnd());
     const int tab = random_->Below(std::max(1, tabs.Count()));
     const RECT label = tabs.LabelRect(tab);
-    Note("click on tab " + std::to_string(tab));
+    Do("click on a tab", std::to_string(tab));
     UiDriver::Mouse::Click({(label.left + label.right) / 2, (label.top + label.bottom) / 2});
 }
 
@@ -285,13 +293,13 @@ void Actor::OnItems(const Window& form, const Control& control) {
     switch (random_->Below(7)) {
     case 0: {
         const POINT at = PointIn(rect);
-        Note("double click in " + NameOf(control));
-        UiDriver::Mouse::DoubleClick(at);
+        Do("double click in", NameOf(control));
+        DoubleClick(at);
         break;
     }
     case 1: {
         const POINT at = PointIn(rect);
-        Note("right click in " + NameOf(control));
+        Do("right click in", NameOf(control));
         UiDriver::Mouse::Click(at, MouseButton::Right);
         break;
     }
@@ -302,14 +310,14 @@ void Actor::OnItems(const Window& form, const Control& control) {
     case 4: {
         const Key& key = random_->Of(kItemKeys);
         const POINT at = PointIn(rect);
-        Note(std::string("click in ") + NameOf(control) + ", then " + key.name);
+        Do("click in", NameOf(control) + ", then " + key.name);
         UiDriver::Mouse::Click(at);
         Press(key);
         break;
     }
     default: {
         const POINT at = PointIn(rect);
-        Note("click in " + NameOf(control));
+        Do("click in", NameOf(control));
         UiDriver::Mouse::Click(at);
         break;
     }
@@ -330,7 +338,7 @@ void Actor::DragFrom(const Window& form, const Control& control) {
         target = NameOf(chosen);
     }
     const int end = random_->Below(6);
-    Note("drag from " + NameOf(control) + " to " + target + (end == 0 ? ", then Escape" : ""));
+    Do("drag", "from " + NameOf(control) + " to " + target + (end == 0 ? ", then Escape" : ""));
     UiDriver::Mouse::MoveTo(from);
     UiDriver::Mouse::Down();
     UiDriver::Mouse::Glide(from, to, 6);
@@ -343,7 +351,7 @@ void Actor::DragFrom(const Window& form, const Control& control) {
 void Actor::PressKey(const Window& form) {
     if (random_->OneIn(6)) {
         const auto letter = static_cast<WORD>('A' + random_->Below(26));
-        Note(std::string("Alt+") + static_cast<char>(letter));
+        Do("key", std::string("Alt+") + static_cast<char>(letter));
         UiDriver::Keyboard::Press({VK_MENU}, letter);
         return;
     }
@@ -352,7 +360,7 @@ void Actor::PressKey(const Window& form) {
     if (ends && Spares(form)) {
         return;
     }
-    Note(key.name);
+    Do("key", key.name);
     Press(key);
 }
 
@@ -360,19 +368,19 @@ void Actor::Type() {
     static const std::array<std::wstring, 7> texts = {
         L"a", L"2", L" ", L"Büro", L"日本語", L"& <\"|", std::wstring(30, L'x')};
     const std::wstring& text = random_->Of(texts);
-    Note("type \"" + UiDriver::ToUtf8(text) + '"');
+    Do("type", '"' + UiDriver::ToUtf8(text) + '"');
     UiDriver::Keyboard::Type(text);
 }
 
 void Actor::Move(const Window& form) {
     if (form.Hwnd() == dialog_.Hwnd() && random_->OneIn(4)) {
-        Note("minimise " + NameOf(form));
+        Do("minimise", NameOf(form));
         form.Minimise();
         return;
     }
     const int x = random_->Below(GetSystemMetrics(SM_CXSCREEN) - 300);
     const int y = random_->Below(GetSystemMetrics(SM_CYSCREEN) - 300);
-    Note("move " + NameOf(form) + " to " + std::to_string(x) + ", " + std::to_string(y));
+    Do("move", NameOf(form) + " to " + std::to_string(x) + ", " + std::to_string(y));
     SetWindowPos(form.Hwnd(), nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -386,7 +394,7 @@ void Actor::SendSystemMessage(const Window& form) {
         return;
     }
     const UINT message = random_->Of(kMessages);
-    Note("message " + std::to_string(message) + " to " + NameOf(form));
+    Do("message", std::to_string(message) + " to " + NameOf(form));
     UiDriver::Send(form.Hwnd(), message);
 }
 
@@ -396,7 +404,7 @@ void Actor::Scale(const Window& form) {
     const RECT place = form.Rect();
     const UiDriver::RemoteMemory memory(form.Hwnd(), sizeof place);
     memory.Write(0, &place, sizeof place);
-    Note("scale " + NameOf(form) + " to " + std::to_string(dpi));
+    Do("scale", NameOf(form) + " to " + std::to_string(dpi));
     UiDriver::Send(form.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.Param());
 }
 
@@ -411,46 +419,82 @@ void Actor::SendStrayCommand(const Scene& scene) {
     if ((id == IDOK || id == IDCANCEL) && Spares(form)) {
         return;
     }
-    Note("command " + std::to_string(id) + ", " + std::to_string(code) + " to " + NameOf(form));
+    Do("stray command", std::to_string(id) + ", " + std::to_string(code) + " to " + NameOf(form));
     UiDriver::SendWithoutWaiting(form.Hwnd(), WM_COMMAND, MAKEWPARAM(id, code),
                                  reinterpret_cast<LPARAM>(control.Hwnd()));
+}
+
+void Actor::Hover(const Window& form) {
+    const std::vector<Control> controls = Reachable(form);
+    if (controls.empty()) {
+        return;
+    }
+    const Control& control = random_->Of(controls);
+    Do("hover over", NameOf(control));
+    UiDriver::Mouse::MoveTo(control.Centre());
+    UiDriver::Pause(kUntilTip);
 }
 
 void Actor::StartAgain() {
     static const std::array<std::wstring, 4> arguments = {L"/k", L"/t:1", L"/w:1", L""};
     const std::wstring& chosen = random_->Of(arguments);
-    Note("start again with " + UiDriver::ToUtf8(chosen));
+    Do("second start", UiDriver::ToUtf8(chosen));
     const UiDriver::Process second = UiDriver::Process::Start(programPath_, chosen);
     if (second.WaitForExit() != 0) {
         UiDriver::Fail(L"the second start did not end well");
     }
 }
 
-void Actor::Close(const Window& form) {
-    if (Spares(form)) {
+void Actor::Close(const Scene& scene) {
+    const Window& front = scene.Active();
+    const int way = random_->Below(5);
+    // The task bar and other programs don't mind that a dialog waits for another one.
+    const Window& target = way == 3 ? dialog_ : way == 4 ? random_->Of(scene.dialogs) : front;
+    const bool alone = scene.dialogs.size() == 1;
+    if (alone && Spares(target)) {
         return;
     }
-    Note("close " + NameOf(form));
-    form.Close();
+    switch (way) {
+    case 0:
+        Do("close by Alt+F4", NameOf(front));
+        UiDriver::Keyboard::Press({VK_MENU}, VK_F4);
+        break;
+    case 1:
+        Do("close by its box", NameOf(front));
+        front.Close();
+        break;
+    case 2:
+        Do("close by WM_CLOSE", NameOf(front));
+        PostMessageW(front.Hwnd(), WM_CLOSE, 0, 0);
+        break;
+    case 3:
+        Do("close from the task bar", NameOf(target));
+        target.Close();
+        break;
+    default:
+        Do("close by another program", NameOf(target));
+        PostMessageW(target.Hwnd(), WM_CLOSE, 0, 0);
+        break;
+    }
 }
 
 void Actor::Leave() {
     switch (random_->Below(4)) {
     case 0:
-        Note("leave by Cancel");
+        Do("leave by Cancel");
         dialog_.Control(IDC_cmdCancel).Press();
         break;
     case 1:
-        Note("leave by OK");
+        Do("leave by OK");
         dialog_.Control(IDC_cmdOK).Press();
         break;
     case 2:
-        Note("leave by Escape");
+        Do("leave by Escape");
         dialog_.BringToFront();
         UiDriver::Keyboard::Press(VK_ESCAPE);
         break;
     default:
-        Note("leave by the close box");
+        Do("leave by the close box");
         dialog_.Close();
         break;
     }

@@ -1,27 +1,22 @@
 #pragma once
 
+#include "Journal.h"
 #include "Random.h"
 #include "Scene.h"
 
-#include <deque>
 #include <string>
 
 /// A user who does anything anywhere, and other programs that send what they like. What comes next depends on
 /// the random numbers and on what the program shows, and on nothing else.
 class Actor {
 public:
-    Actor(Random& random, const UiDriver::Process& process, UiDriver::Window dialog, std::wstring programPath)
-        : random_(&random), process_(&process), dialog_(dialog), programPath_(std::move(programPath)) {}
+    Actor(Random& random, Journal& journal, UiDriver::Window dialog, std::wstring programPath)
+        : random_(&random), journal_(&journal), dialog_(dialog), programPath_(std::move(programPath)) {}
 
     void Act(const Scene& scene);
 
     /// The settings dialog is left, in one of the ways there are.
     void Leave();
-
-    void Note(const std::string& action);
-
-    /// What was done last, the latest at the end.
-    [[nodiscard]] const std::deque<std::string>& Log() const { return log_; }
 
 private:
     void InMenu(const UiDriver::Window& menu);
@@ -38,15 +33,16 @@ private:
     void SendSystemMessage(const UiDriver::Window& form);
     void SendStrayCommand(const Scene& scene);
     void Scale(const UiDriver::Window& form);
+    void Hover(const UiDriver::Window& form);
     void StartAgain();
-    void Close(const UiDriver::Window& form);
+    void Close(const Scene& scene);
+    void Do(const std::string& kind, const std::string& on = {}) { journal_->Act(kind, on); }
 
     [[nodiscard]] POINT PointIn(const RECT& rect);
     [[nodiscard]] bool Spares(const UiDriver::Window& form);
 
     Random* random_;
-    const UiDriver::Process* process_;
+    Journal* journal_;
     UiDriver::Window dialog_;
     std::wstring programPath_;
-    std::deque<std::string> log_;
 };

@@ -31,7 +31,7 @@ void Read(HANDLE process, const std::byte* address, void* target, std::size_t by
     }
 }
 
-std::size_t CountWindows(DWORD processId) {
+std::size_t CountWindows(std::optional<DWORD> processId) {
     std::size_t count = 0;
     for (const UiDriver::Window& window : UiDriver::FindWindows({processId, {}, {}, false})) {
         count += 1 + UiDriver::WindowsInside(window.Hwnd()).size();
@@ -40,7 +40,7 @@ std::size_t CountWindows(DWORD processId) {
     while ((window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr)) != nullptr) {
         DWORD owner = 0;
         GetWindowThreadProcessId(window, &owner);
-        count += owner == processId ? 1U : 0U;
+        count += owner == processId.value_or(owner) ? 1U : 0U;
     }
     return count;
 }
@@ -75,7 +75,7 @@ std::size_t CountGdiObjects(HANDLE process) {
     return counted != 0 ? counted : CountInGdiTable(process);
 }
 
-std::size_t CountInHandleTable(DWORD processId) {
+std::size_t CountInHandleTable(std::optional<DWORD> processId) {
     using Query = NTSTATUS NTAPI(ULONG, void*, ULONG, ULONG*);
     constexpr ULONG kExtendedHandles = 64;
     constexpr NTSTATUS kTooSmall = static_cast<NTSTATUS>(0xC0000004);
@@ -102,8 +102,9 @@ std::size_t CountInHandleTable(DWORD processId) {
     }
     const auto* const header = reinterpret_cast<const Header*>(buffer.data());
     const auto* const entries = reinterpret_cast<const Entry*>(buffer.data() + sizeof(Header));
-    return static_cast<std::size_t>(std::count_if(
-        entries, entries + header->count, [&](const Entry& entry) { return entry.processId == processId; }));
+    return static_cast<std::size_t>(std::count_if(entries, entries + header->count, [&](const Entry& entry) {
+        return !processId || entry.processId == *processId;
+    }));
 }
 
 std::size_t CountHandles(const Process& process) {
@@ -127,6 +128,10 @@ std::size_t PrivateBytes(HANDLE process) {
 Figures Figures::Of(const Process& process) {
     return {CountWindows(process.Id()), CountGdiObjects(process.Handle()), CountHandles(process),
             PrivateBytes(process.Handle())};
+}
+
+Figures Figures::OfSystem() {
+    return {CountWindows({}), 0, CountInHandleTable({}), 0};
 }
 
 std::ostream& operator<<(std::ostream& out, const Figures& each) {

@@ -14,6 +14,8 @@ struct Figures {
     std::size_t privateBytes = 0;
 
     static Figures Of(const UiDriver::Process& process);
+    /// Windows and handles of all processes.
+    static Figures OfSystem();
 
     friend std::ostream& operator<<(std::ostream& out, const Figures& each);
 };

@@ -1,5 +1,7 @@
 #include "StormUse.h"
+#include "TestWindow.h"
 
+#include <commctrl.h>
 #include <dlgs.h>
 
 #include <algorithm>
@@ -36,7 +38,20 @@ public:
         Settle();
     }
     void Manager() { OpenFromDialog(IDC_cmdUserManager0); }
+    void DeleteQuestion() {
+        const Window manager = OpenFromDialog(IDC_cmdUserManager0);
+        manager.List(IDC_lstUserList).ClickItem(kPatterns - 1); // the current one stays
+        OpenOver(manager, IDC_cmdDelete);
+    }
     void NameQuestion() { OpenOver(OpenFromDialog(IDC_cmdUserManager0), IDC_cmdAdd); }
+    void NameProblem() {
+        const Window question = OpenOver(OpenFromDialog(IDC_cmdUserManager0), IDC_cmdAdd);
+        question.Control(IDC_txtInputBox).SetText({});
+        OpenOver(question, IDC_cmdOK);
+    }
+    void ParameterQuestion() { AskParameter(); }
+    void SlotMenu() { OpenMenu(IDC_txtApplication0); }
+    void SendMenu() { static_cast<void>(OpenMenu(IDC_tvTreeView0).OpenByKeys(0)); }
     void Wizard() { OpenFromDialog(IDC_cmdWizard0); }
     void WizardsQuestion() { OpenOver(OpenFromDialog(IDC_cmdWizard0), IDC_cmdCancel); }
     void SaveQuestion() {
@@ -49,6 +64,23 @@ public:
     }
     void Printer() { OpenFromDialog(IDC_cmdPrint); }
     void Printing() { Print(); }
+    void Tip() {
+        Dialog().BringToFront();
+        PictureOf(1).Hover();
+        const Window tip = UiDriver::WaitForWindow({Program().Id(), TOOLTIPS_CLASSW, {}});
+        UiDriver::Mouse::MoveTo({2, 2});
+        UiDriver::WaitUntil([&] { return !tip.Visible(); }, L"the tip to go");
+    }
+    void HelpThatIsOpen() {
+        const TestWindow help(L"HH Parent", Text(kTitleText) + Text(kHelpText));
+        Dialog().BringToFront();
+        Item(IDC_cmdHelp).Press();
+        UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+    }
+    void HelpThatStarts() {
+        Item(IDC_cmdHelp).Press();
+        Dialog().WaitUntilAnswers();
+    }
 
 protected:
     using Third = std::vector<Figures>;
@@ -73,6 +105,15 @@ private:
     static std::ptrdiff_t Size(const Third& held) { return static_cast<std::ptrdiff_t>(held.size() / 3); }
 
     Window OpenFromDialog(int control) { return OpenOver(Dialog(), control); }
+    UiDriver::PopupMenu OpenMenu(int control) {
+        const Window form = OpenFromDialog(IDC_picButton0);
+        Settle();
+        form.BringToFront();
+        form.Control(control).Focus();
+        UiDriver::Keyboard::Press(VK_DOWN); // to the first program in a tree
+        UiDriver::Keyboard::Press(VK_APPS);
+        return UiDriver::PopupMenu::Wait(Program());
+    }
     Window OpenOver(const Window& owner, int control) {
         owner.Control(control).Press();
         return AwaitOver(owner);
@@ -80,8 +121,10 @@ private:
 };
 
 TEST_P(Leak, NothingStaysBehind) {
-    const int times = Number("QLB_LEAK_TIMES", kTimes);
-    StartHere(L"/t:0");
+    const int times = Wanted("QLB_LEAK_TIMES", kTimes);
+    // The help program finds nothing in it and ends.
+    UiDriver::WriteBytes(ScratchFolder::Path() + L"\\program\\QLBUTL.CHM", "ITSF");
+    StartWatched(L"/t:0");
     std::vector<Figures> held;
     for (int i = 0; i < times; ++i) {
         (this->*GetParam().open)();
@@ -108,15 +151,54 @@ TEST_P(Leak, NothingStaysBehind) {
     EXPECT_LT(privateBytes, GetParam().moreBytes);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Forms, Leak,
-    testing::Values(LeakCase{{"Register"}, &Leak::Register},
-                    LeakCase{{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources, kMoreBytesOfTrees},
-                    LeakCase{{"Manager"}, &Leak::Manager}, LeakCase{{"NameQuestion"}, &Leak::NameQuestion},
-                    LeakCase{{"Wizard"}, &Leak::Wizard, kMoreBytesOfTrees},
-                    LeakCase{{"WizardsQuestion"}, &Leak::WizardsQuestion},
-                    LeakCase{{"SaveQuestion"}, &Leak::SaveQuestion}, LeakCase{{"Colour"}, &Leak::Colour},
-                    LeakCase{{"Printer"}, &Leak::Printer}, LeakCase{{"Printing"}, &Leak::Printing}),
-    NameOfCase());
+/// The short run leaves out what others open on their way, and what takes long.
+std::vector<LeakCase> Cases() {
+    std::vector<LeakCase> cases = {
+        {{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources, kMoreBytesOfTrees},
+        {{"ParameterQuestion"}, &Leak::ParameterQuestion},
+        {{"SendMenu"}, &Leak::SendMenu},
+        {{"NameProblem"}, &Leak::NameProblem},
+        {{"DeleteQuestion"}, &Leak::DeleteQuestion},
+        {{"WizardsQuestion"}, &Leak::WizardsQuestion, kMoreBytesOfTrees},
+        {{"SaveQuestion"}, &Leak::SaveQuestion},
+        {{"Colour"}, &Leak::Colour},
+        {{"Printing"}, &Leak::Printing},
+        {{"HelpThatIsOpen"}, &Leak::HelpThatIsOpen}};
+    const std::vector<LeakCase> others = {{{"Register"}, &Leak::Register},
+                                          {{"SlotMenu"}, &Leak::SlotMenu},
+                                          {{"Manager"}, &Leak::Manager},
+                                          {{"NameQuestion"}, &Leak::NameQuestion},
+                                          {{"Wizard"}, &Leak::Wizard, kMoreBytesOfTrees},
+                                          {{"Printer"}, &Leak::Printer},
+                                          {{"Tip"}, &Leak::Tip},
+                                          {{"HelpThatStarts"}, &Leak::HelpThatStarts}};
+    if (Wanted("QLB_LEAK_TIMES", 0) != 0) {
+        cases.insert(cases.end(), others.begin(), others.end());
+    }
+    return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, Leak, testing::ValuesIn(Cases()), NameOfCase());
+
+constexpr std::size_t kMoreOfSystem = 8; // its own programs come and go
+
+class StartLeak : public StormUse {};
+
+TEST_F(StartLeak, NothingStaysInTheSystem) {
+    const int times = Wanted("QLB_LEAK_TIMES", kTimes);
+    CopyProgram();
+    std::vector<Figures> held;
+    for (int i = 0; i < times; ++i) {
+        StartFrom(CopiedProgram(), L"/t:0");
+        Dialog().Close();
+        EXPECT_EQ(Program().WaitForExit(), 0U);
+        EndProgram();
+        held.push_back(Figures::OfSystem());
+    }
+    std::cout << "Start, " << times << " times, in the whole system: " << held.at(1) << " … " << held.back()
+              << '\n';
+    EXPECT_LE(held.back().windows, held.at(1).windows + kMoreOfSystem);
+    EXPECT_LE(held.back().kernelHandles, held.at(1).kernelHandles + kMoreOfSystem);
+}
 
 } // namespace

@@ -4,10 +4,14 @@
 #include <cstdint>
 #include <random>
 
-/// The same numbers from the same seed with every compiler, which the library's distributions don't promise.
+/// The same numbers from the same seed and round with every compiler, which the library's distributions don't
+/// promise.
 class Random {
 public:
-    explicit Random(std::uint64_t seed) : engine_(seed) {}
+    Random(int seed, int round) {
+        std::seed_seq sequence{seed, round};
+        engine_.seed(sequence);
+    }
 
     /// 0 … count - 1.
     int Below(int count) { return static_cast<int>(engine_() % static_cast<std::uint64_t>(count)); }

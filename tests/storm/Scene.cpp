@@ -1,10 +1,12 @@
 #include "Scene.h"
 
+#include "Journal.h"
 #include "driver/Message.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
+#include <array>
 
 using UiDriver::Control;
 using UiDriver::Process;
@@ -35,12 +37,60 @@ void Add(std::vector<std::size_t>& appearance, HWND hwnd) {
     }
 }
 
+/// 0 when the window has gone.
+std::size_t Asked(HWND hwnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutW(hwnd, message, wParam, lParam, SMTO_NORMAL, kCountMs, &result);
+    return result;
+}
+
+std::wstring ShownText(HWND hwnd) {
+    wchar_t text[256] = L"";
+    Asked(hwnd, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
+    return text;
+}
+
+std::size_t State(HWND hwnd, const std::wstring& className) {
+    const auto is = [&](const wchar_t* name) { return UiDriver::SameClass(className, name); };
+    if (is(WC_BUTTONW)) {
+        return Asked(hwnd, BM_GETCHECK);
+    }
+    if (is(WC_COMBOBOXW)) {
+        return Asked(hwnd, CB_GETCURSEL);
+    }
+    if (is(WC_LISTBOXW)) {
+        return Asked(hwnd, LB_GETCURSEL);
+    }
+    if (is(WC_TABCONTROLW)) {
+        return Asked(hwnd, TCM_GETCURSEL);
+    }
+    return is(WC_TREEVIEWW) ? Asked(hwnd, TVM_GETCOUNT) : 0;
+}
+
+std::string Shown(HWND hwnd) {
+    const std::wstring className = UiDriver::ClassNameOf(hwnd);
+    RECT rect{};
+    GetWindowRect(hwnd, &rect);
+    std::string text = UiDriver::ToUtf8(className + L' ' + ShownText(hwnd));
+    const std::array<std::size_t, 7> numbers = {static_cast<std::size_t>(GetDlgCtrlID(hwnd)),
+                                                static_cast<std::size_t>(IsWindowEnabled(hwnd)),
+                                                State(hwnd, className),
+                                                static_cast<std::size_t>(rect.left),
+                                                static_cast<std::size_t>(rect.top),
+                                                static_cast<std::size_t>(rect.right),
+                                                static_cast<std::size_t>(rect.bottom)};
+    for (const std::size_t number : numbers) {
+        text += ' ' + std::to_string(number);
+    }
+    return text;
+}
+
 } // namespace
 
-Scene Scene::Of(const Process& process) {
+Scene Scene::Of(DWORD processId) {
     Scene scene;
     // From the front to the back.
-    for (const Window& window : UiDriver::FindWindows({process.Id(), {}, {}})) {
+    for (const Window& window : UiDriver::FindWindows({processId, {}, {}})) {
         const std::wstring className = UiDriver::ClassNameOf(window.Hwnd());
         if (!scene.menu && UiDriver::SameClass(className, kMenuClass)) {
             scene.menu = window;
@@ -115,4 +165,22 @@ std::string Description(const Scene& scene) {
         text += NameOf(dialog) + (IsWindowEnabled(dialog.Hwnd()) ? ", " : " (disabled), ");
     }
     return text + (scene.menu ? "a menu" : scene.inMenuMode ? "menu mode" : "no menu");
+}
+
+std::string Outcome(const Scene& scene) {
+    std::string shown;
+    for (const Window& dialog : scene.dialogs) {
+        for (const HWND hwnd : UiDriver::WindowsInside(dialog.Hwnd())) {
+            if (IsWindowVisible(hwnd)) {
+                shown += Shown(hwnd) + '\n';
+            }
+        }
+    }
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    const bool asked =
+        !scene.dialogs.empty() &&
+        GetGUIThreadInfo(GetWindowThreadProcessId(scene.dialogs.front().Hwnd(), nullptr), &info);
+    const std::string focus = asked && info.hwndFocus != nullptr ? NameOf(Control(info.hwndFocus)) : "none";
+    return Description(scene) + ", focus " + focus + ", " + Hex(Hash(shown));
 }

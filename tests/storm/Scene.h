@@ -15,7 +15,7 @@ struct Scene {
     bool inMenuMode = false;   ///< the keys go to a menu, even though none is shown
     bool activeIsForm = false; ///< and not one of the system's
 
-    static Scene Of(const UiDriver::Process& process);
+    static Scene Of(DWORD processId);
 
     [[nodiscard]] const UiDriver::Window& Active() const { return active.front(); }
 
@@ -33,3 +33,6 @@ std::vector<UiDriver::Control> Reachable(const UiDriver::Window& form);
 std::string NameOf(const UiDriver::Window& window);
 std::string NameOf(const UiDriver::Control& control);
 std::string Description(const Scene& scene);
+
+/// The same, the focus, and a fingerprint of what all controls show: the same in every run too.
+std::string Outcome(const Scene& scene);

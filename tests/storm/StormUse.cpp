@@ -9,7 +9,6 @@ using UiDriver::Window;
 
 namespace {
 
-constexpr UINT kAnswerMs = 2000;
 constexpr Milliseconds kBetweenLooks{50};
 constexpr Milliseconds kLongestUnrest{3000};
 constexpr Milliseconds kAtOnce{10};
@@ -24,21 +23,32 @@ constexpr Milliseconds kPatience{30000};
 StormUse::StormUse() : printer_(L"cat >/dev/null") {
     // What a random file name leaves goes with the folder.
     SetCurrentDirectoryW(ScratchFolder::Path().c_str());
+    // The registration dialog shows only programs that are there.
+    Hold({L"Held",
+          L"S",
+          3,
+          {MenuPath(MenuFile(1)) + L"|/first", MenuPath(MenuFile(2)), MenuPath(MenuFile(3))},
+          {L"Tool1", L"Tool2", L"Tool3"}});
 }
 
 void StormUse::TearDown() {
+    watch_.reset(); // its program is killed now
     SourceUse::TearDown();
     SetCurrentDirectoryW(L"C:\\");
 }
 
-int StormUse::Number(const char* environmentVariable, int otherwise) {
+int Wanted(const char* environmentVariable, int otherwise) {
     const char* const text = std::getenv(environmentVariable);
     return text == nullptr || *text == '\0' ? otherwise : std::stoi(text);
 }
 
+void StormUse::StartWatched(const std::wstring& arguments) {
+    StartHere(arguments);
+    watch_ = std::make_unique<Watch>(Program().Id());
+}
+
 void StormUse::StartWarm() {
-    Seed(); // over what was saved before
-    StartHere(L"/t:0");
+    StartWatched(L"/t:0");
     for (const int page : {0, 1, 2}) {
         OpenPage(page);
     }
@@ -87,31 +97,36 @@ void StormUse::Print() const {
 Window StormUse::AwaitOver(const Window& owner) const {
     return UiDriver::WaitForValue(
         [&]() -> std::optional<Window> {
-            const Scene scene = Scene::Of(Program());
+            const Scene scene = Scene::Of(Program().Id());
             const bool opened = scene.active.size() == 1 && scene.Active().Hwnd() != owner.Hwnd();
             return opened ? std::optional(scene.Active()) : std::nullopt;
         },
         L"a dialog over the one before", kPatience);
 }
 
+void StormUse::AskParameter() const {
+    OpenFrom(0, IDC_picButton0);
+    const Window form = Scene::Of(Program().Id()).Active();
+    form.BringToFront();
+    UiDriver::Mouse::Click(form.Control(IDC_txtApplication0).Centre(), UiDriver::MouseButton::Right);
+    UiDriver::PopupMenu::Wait(Program()).ChooseByMouse(1, "xx-x");
+    AwaitOver(form);
+    Settle();
+}
+
 void StormUse::Settle() const {
-    const auto answers = [&] {
-        DWORD_PTR result = 0;
-        return SendMessageTimeoutW(Dialog().Hwnd(), WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &result) != 0;
-    };
     const ULONGLONG start = GetTickCount64();
     std::vector<std::size_t> before;
     for (;;) {
-        if (!answers()) {
-            // A program that is about to end has no windows any more.
-            if (!IsWindow(Dialog().Hwnd())) {
-                Program().WaitForExit();
-                return;
-            }
-            UiDriver::Fail(L"the program does not answer");
+        const bool sound = watch_->Look();
+        // A program that is about to end has no windows any more.
+        if (!IsWindow(Dialog().Hwnd())) {
+            Program().WaitForExit();
+            return;
         }
         std::vector<std::size_t> now = Appearance(Program());
-        if (now == before || GetTickCount64() - start > static_cast<ULONGLONG>(kLongestUnrest.count())) {
+        const bool atRest = sound && now == before;
+        if (atRest || GetTickCount64() - start > static_cast<ULONGLONG>(kLongestUnrest.count())) {
             return;
         }
         before = std::move(now);
@@ -164,7 +179,7 @@ void StormUse::CloseTop(const Scene& scene) const {
 }
 
 bool StormUse::Alone() const {
-    const Scene scene = Scene::Of(Program());
+    const Scene scene = Scene::Of(Program().Id());
     return !scene.menu && !scene.inMenuMode && scene.dialogs.size() == 1 && scene.active.size() == 1;
 }
 
@@ -173,17 +188,17 @@ void StormUse::CloseAll() const {
         if (!Program().Running() || Alone()) {
             return;
         }
-        const Scene scene = Scene::Of(Program());
+        const Scene scene = Scene::Of(Program().Id());
         CloseTop(scene);
         // Until it is gone, or has asked something, or a moment has passed.
         const ULONGLONG start = GetTickCount64();
         while (GetTickCount64() - start < static_cast<ULONGLONG>(kLongestUnrest.count()) / 10 &&
-               Scene::Of(Program()).dialogs.size() == scene.dialogs.size()) {
+               Scene::Of(Program().Id()).dialogs.size() == scene.dialogs.size()) {
             UiDriver::Pause(kAtOnce);
         }
     }
     UiDriver::Fail(L"the open dialogs do not close: " +
-                   UiDriver::FromUtf8(Description(Scene::Of(Program()))));
+                   UiDriver::FromUtf8(Description(Scene::Of(Program().Id()))));
 }
 
 void StormUse::BackToDialog() const {

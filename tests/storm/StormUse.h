@@ -4,8 +4,13 @@
 #include "Scene.h"
 #include "SourceUse.h"
 #include "TestPrinter.h"
+#include "Watch.h"
 
+#include <memory>
 #include <string>
+
+/// A number that the caller of the tests may set.
+int Wanted(const char* environmentVariable, int otherwise);
 
 /// The program with something in every source and with a printer, and the ways into all of its forms.
 class StormUse : public SourceUse {
@@ -13,10 +18,10 @@ protected:
     StormUse();
     void TearDown() override;
 
-    /// A number that the caller of the tests may set.
-    static int Number(const char* environmentVariable, int otherwise);
+    /// Starts the program, and watches it from then on.
+    void StartWatched(const std::wstring& arguments);
 
-    /// Starts the program and has every form shown once, so that what is made only once is there.
+    /// The same, and has every form shown once, so that what is made only once is there.
     void StartWarm();
 
     void ShowPage(int page) const;
@@ -26,9 +31,14 @@ protected:
     /// From the settings dialog, to the end.
     void Print() const;
     UiDriver::Window AwaitOver(const UiDriver::Window& owner) const;
+    /// The question for a parameter, from the registration dialog on the first button.
+    void AskParameter() const;
 
-    /// Until nothing changes any more. Fails when the program dies, or doesn't answer in time.
+    /// Until nothing changes any more. Fails when the program doesn't answer in time, or has two dialogs enabled.
     void Settle() const;
+
+    /// Null before the program was started.
+    [[nodiscard]] const Watch* TheWatch() const { return watch_.get(); }
 
     /// Whether the settings dialog is all there is to act on.
     bool Alone() const;
@@ -49,4 +59,5 @@ private:
     void CloseTop(const Scene& scene) const;
 
     TestPrinter printer_;
+    std::unique_ptr<Watch> watch_;
 };

@@ -112,4 +112,11 @@ TEST(MnemonicsTest, ATextReadsWithoutItsKey) {
     EXPECT_EQ(WithoutMnemonic(L""), L"");
 }
 
+TEST(MnemonicsTest, AnAmpersandOfATextIsNoKey) {
+    EXPECT_EQ(WithoutAccessKeys(L"Q&A"), L"Q&&A");
+    EXPECT_EQ(WithoutAccessKeys(L"&&"), L"&&&&");
+    EXPECT_EQ(WithoutAccessKeys(L"Plain"), L"Plain");
+    EXPECT_EQ(WithoutMnemonic(WithoutAccessKeys(L"Sales(&C)&")), L"Sales(&C)&");
+}
+
 } // namespace

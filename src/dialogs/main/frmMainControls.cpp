@@ -3,6 +3,7 @@
 #include "dialogs/main/ButtonLabels.h"
 #include "dialogs/main/frmMain.h"
 #include "resources/resource.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 
 #include <commctrl.h>
