@@ -19,11 +19,14 @@ constexpr double kMoreObjects = 4.5; // what the system keeps for later comes in
 constexpr double kMoreBytes = 64.0 * 1024;
 constexpr double kMoreBytesOfTrees = 3 * kMoreBytes; // their threads' memory comes and goes at its own time
 
+constexpr double kBytesOfPrintDialog = 800;
+
 class Leak;
 
 struct LeakCase : NamedCase {
     void (Leak::*open)();
     double moreBytes = kMoreBytes;
+    double bytesEachTime = 0; ///< that the system's dialog keeps, in an empty program too
 };
 
 class Leak : public StormUse, public testing::WithParamInterface<LeakCase> {
@@ -40,7 +43,8 @@ public:
     void Manager() { OpenFromDialog(IDC_cmdUserManager0); }
     void DeleteQuestion() {
         const Window manager = OpenFromDialog(IDC_cmdUserManager0);
-        manager.List(IDC_lstUserList).ClickItem(kPatterns - 1); // the current one stays
+        manager.Control(IDC_lstUserList).Focus();
+        UiDriver::Keyboard::Press(VK_END); // the first one is current and stays
         OpenOver(manager, IDC_cmdDelete);
     }
     void NameQuestion() { OpenOver(OpenFromDialog(IDC_cmdUserManager0), IDC_cmdAdd); }
@@ -139,7 +143,8 @@ TEST_P(Leak, NothingStaysBehind) {
     const double privateBytes = LeastBytes(last) - LeastBytes(middle);
     std::cout << GetParam().name << ", " << times << " times: " << held.front() << " … " << held.back()
               << "; growth " << windows << ", " << gdiObjects << ", " << kernelHandles << ", "
-              << privateBytes / 1024 << " KB\n";
+              << privateBytes / 1024 << " KB\n"
+              << std::flush;
     if (std::getenv("QLB_STORM_LOG") != nullptr) {
         for (const Figures& each : held) {
             std::cout << "  " << each << '\n';
@@ -148,30 +153,31 @@ TEST_P(Leak, NothingStaysBehind) {
     EXPECT_LT(windows, kMoreObjects);
     EXPECT_LT(gdiObjects, kMoreObjects);
     EXPECT_LT(kernelHandles, kMoreObjects);
-    EXPECT_LT(privateBytes, GetParam().moreBytes);
+    EXPECT_LT(privateBytes, GetParam().moreBytes + GetParam().bytesEachTime * times / 3);
 }
 
 /// The short run leaves out what others open on their way, and what takes long.
 std::vector<LeakCase> Cases() {
     std::vector<LeakCase> cases = {
         {{"RegisterWithAllSources"}, &Leak::RegisterWithAllSources, kMoreBytesOfTrees},
-        {{"ParameterQuestion"}, &Leak::ParameterQuestion},
-        {{"SendMenu"}, &Leak::SendMenu},
         {{"NameProblem"}, &Leak::NameProblem},
         {{"DeleteQuestion"}, &Leak::DeleteQuestion},
         {{"WizardsQuestion"}, &Leak::WizardsQuestion, kMoreBytesOfTrees},
         {{"SaveQuestion"}, &Leak::SaveQuestion},
         {{"Colour"}, &Leak::Colour},
-        {{"Printing"}, &Leak::Printing},
+        {{"Printing"}, &Leak::Printing, kMoreBytes, kBytesOfPrintDialog},
         {{"HelpThatIsOpen"}, &Leak::HelpThatIsOpen}};
-    const std::vector<LeakCase> others = {{{"Register"}, &Leak::Register},
-                                          {{"SlotMenu"}, &Leak::SlotMenu},
-                                          {{"Manager"}, &Leak::Manager},
-                                          {{"NameQuestion"}, &Leak::NameQuestion},
-                                          {{"Wizard"}, &Leak::Wizard, kMoreBytesOfTrees},
-                                          {{"Printer"}, &Leak::Printer},
-                                          {{"Tip"}, &Leak::Tip},
-                                          {{"HelpThatStarts"}, &Leak::HelpThatStarts}};
+    const std::vector<LeakCase> others = {
+        {{"Register"}, &Leak::Register, kMoreBytesOfTrees},
+        {{"ParameterQuestion"}, &Leak::ParameterQuestion, kMoreBytesOfTrees},
+        {{"SendMenu"}, &Leak::SendMenu, kMoreBytesOfTrees},
+        {{"SlotMenu"}, &Leak::SlotMenu, kMoreBytesOfTrees},
+        {{"Manager"}, &Leak::Manager},
+        {{"NameQuestion"}, &Leak::NameQuestion},
+        {{"Wizard"}, &Leak::Wizard, kMoreBytesOfTrees},
+        {{"Printer"}, &Leak::Printer, kMoreBytes, kBytesOfPrintDialog},
+        {{"Tip"}, &Leak::Tip},
+        {{"HelpThatStarts"}, &Leak::HelpThatStarts}};
     if (Wanted("QLB_LEAK_TIMES", 0) != 0) {
         cases.insert(cases.end(), others.begin(), others.end());
     }

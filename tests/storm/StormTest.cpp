@@ -195,7 +195,6 @@ private:
         for (int i = 0; i < actions; ++i) {
             const Scene before = scene.value();
             TryToAct(actor, before);
-            Settle();
             StepAside();
             scene = AwaitScene();
             if (!scene) {

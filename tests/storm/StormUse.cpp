@@ -18,6 +18,12 @@ constexpr int kPages = 3;
 constexpr int kMostLooks = 30;
 constexpr Milliseconds kPatience{30000};
 
+/// Whether nothing has opened or closed between the two.
+bool SameLevel(const Scene& a, const Scene& b) {
+    const auto menu = [](const Scene& scene) { return scene.menu ? scene.menu->Hwnd() : nullptr; };
+    return a.dialogs.size() == b.dialogs.size() && menu(a) == menu(b) && a.inMenuMode == b.inMenuMode;
+}
+
 } // namespace
 
 StormUse::StormUse() : printer_(L"cat >/dev/null") {
@@ -74,7 +80,7 @@ void StormUse::ShowPage(int page) const {
 }
 
 void StormUse::OpenFrom(int page, int control) const {
-    OpenPage(page);
+    ShowPage(page);
     PressIn(Dialog(), control);
 }
 
@@ -193,7 +199,7 @@ void StormUse::CloseAll() const {
         // Until it is gone, or has asked something, or a moment has passed.
         const ULONGLONG start = GetTickCount64();
         while (GetTickCount64() - start < static_cast<ULONGLONG>(kLongestUnrest.count()) / 10 &&
-               Scene::Of(Program().Id()).dialogs.size() == scene.dialogs.size()) {
+               SameLevel(Scene::Of(Program().Id()), scene)) {
             UiDriver::Pause(kAtOnce);
         }
     }
