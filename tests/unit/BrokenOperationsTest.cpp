@@ -537,6 +537,32 @@ TEST_P(BrokenDeletion, KeepsTheEdits_WhenNothingOfItWasStored) {
     });
 }
 
+// Its section goes first. What the dialog has of it is all that is left.
+TEST_P(BrokenDeletion, KeepsTheLastPattern_WhenTheStoreEndsWithItsSectionGone) {
+    constexpr int kLast = BrokenStore::kPatterns;
+    for (int deleted = 1; deleted < kLast; ++deleted) {
+        BrokenStore store(GetParam(), kLast, BrokenStore::kDialogButtons);
+        MainSettings dialog(store.store, store.notification, store.fonts);
+        dialog.Load();
+        store.EditEverything(dialog);
+        PatternList list = dialog.PatternsToManage();
+        list.Load();
+        store.Arm(Fault::FromThen, 2);
+        list.Delete(deleted - 1);
+        store.Disarm();
+        EXPECT_FALSE(store.HasSection(kLast));
+        store.RefuseWrites();
+        EXPECT_FALSE(dialog.ReloadPatternList(list));
+        store.Disarm();
+        Apply(dialog);
+        EXPECT_EQ(store.Number(L"CurrUser"), kLast);
+        EXPECT_EQ(store.Stored(kLast).Btn(1), store.FullPattern(BrokenStore::kEdited).Btn(1));
+        for (int pattern = 1; pattern < kLast; ++pattern) {
+            EXPECT_TRUE(IsWhole(store, pattern)) << pattern;
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(BackEnds, BrokenDeletion, testing::Bool(), BackEndName);
 
 class BrokenOff : public testing::TestWithParam<bool> {
