@@ -216,10 +216,17 @@ public:
 
     /// What the next start makes of the store, value by value.
     void ExpectUsableByTheNextStart() {
-        if (store.SameContents(startedOn)) {
+        const std::set<std::wstring> changed = store.Differences(startedOn);
+        if (changed.empty()) {
             return; // the same start as the last one
         }
         startedOn.TakeContentsOf(store);
+        for (int number = 1; number <= kMostPatterns; ++number) {
+            std::optional<Pattern>& read = started.at(static_cast<std::size_t>(number) - 1);
+            if (!read || AnyOfPattern(changed, number)) {
+                read = store.patterns->LoadPattern(number, store.defaults);
+            }
+        }
         MainSettings next(store.store, store.notification, store.fonts);
         next.Load();
         EXPECT_EQ(next.CurrentPattern(), store.Number(L"CurrUser"));
@@ -228,8 +235,7 @@ public:
         for (std::size_t i = 0; i < next.PatternNames().size(); ++i) {
             const int number = static_cast<int>(i) + 1;
             const bool isCurrent = number == next.CurrentPattern();
-            const Pattern now =
-                isCurrent ? next.Working() : store.patterns->LoadPattern(number, store.defaults);
+            const Pattern& now = isCurrent ? next.Working() : *started[i];
             EXPECT_EQ(next.PatternNames()[i], now.UserName);
             EXPECT_TRUE(IsOldOrNew(now, patternsBefore[i], patternsAfter[i])) << testing::PrintToString(now);
         }
@@ -240,6 +246,14 @@ public:
         EXPECT_TRUE(screen.FontName == was.FontName || screen.FontName == would.FontName);
         EXPECT_TRUE(screen.FontSize == was.FontSize || screen.FontSize == would.FontSize);
         EXPECT_TRUE(screen.Color == was.Color || screen.Color == would.Color);
+    }
+
+    static bool AnyOfPattern(const std::set<std::wstring>& places, int number) {
+        const std::wstring key = L"\\set" + std::to_wstring(number);
+        const std::wstring section = L"user" + std::to_wstring(number);
+        return std::any_of(places.begin(), places.end(), [&](const std::wstring& place) {
+            return place.find(key) != std::wstring::npos || place.starts_with(section);
+        });
     }
 
     static bool IsOldOrNew(const Pattern& now, const Pattern& was, const Pattern& would) {
@@ -297,8 +311,8 @@ public:
             EXPECT_EQ(program.dialog->PatternNames(), wholeUsed->PatternNames());
         }
         // The program and its store now are those that met no fault, so that a longer use is tried of some only.
-        constexpr int kSome = 16;
-        if (number % kSome == 1 || number <= 4 || number == calls->Count()) {
+        constexpr int kSome = 32;
+        if (number % kSome == 1 || number == 2 || number == 3 || number == calls->Count()) {
             UseLong(program, store);
             if (lasting.empty()) {
                 EXPECT_EQ(store.Differences(afterLongUse), lasting);
@@ -320,6 +334,7 @@ public:
     std::optional<RecordedCalls> calls;
     std::vector<Pattern> patternsBefore; ///< by number, as the program reads them
     std::vector<Pattern> patternsAfter;
+    std::vector<std::optional<Pattern>> started{kMostPatterns}; ///< by number, as the last start read them
 };
 
 TEST_P(BrokenOperation, ChangesNoOtherPattern_WhenNothingGoesWrong) {
@@ -520,6 +535,32 @@ TEST_P(BrokenDeletion, KeepsTheEdits_WhenNothingOfItWasStored) {
             EXPECT_TRUE(IsWhole(store, pattern) || pattern == current) << pattern;
         }
     });
+}
+
+// Its section goes first. What the dialog has of it is all that is left.
+TEST_P(BrokenDeletion, KeepsTheLastPattern_WhenTheStoreEndsWithItsSectionGone) {
+    constexpr int kLast = BrokenStore::kPatterns;
+    for (int deleted = 1; deleted < kLast; ++deleted) {
+        BrokenStore store(GetParam(), kLast, BrokenStore::kDialogButtons);
+        MainSettings dialog(store.store, store.notification, store.fonts);
+        dialog.Load();
+        store.EditEverything(dialog);
+        PatternList list = dialog.PatternsToManage();
+        list.Load();
+        store.Arm(Fault::FromThen, 2);
+        list.Delete(deleted - 1);
+        store.Disarm();
+        EXPECT_FALSE(store.HasSection(kLast));
+        store.RefuseWrites();
+        EXPECT_FALSE(dialog.ReloadPatternList(list));
+        store.Disarm();
+        Apply(dialog);
+        EXPECT_EQ(store.Number(L"CurrUser"), kLast);
+        EXPECT_EQ(store.Stored(kLast).Btn(1), store.FullPattern(BrokenStore::kEdited).Btn(1));
+        for (int pattern = 1; pattern < kLast; ++pattern) {
+            EXPECT_TRUE(IsWhole(store, pattern)) << pattern;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(BackEnds, BrokenDeletion, testing::Bool(), BackEndName);
