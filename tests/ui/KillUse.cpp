@@ -236,13 +236,13 @@ void Killer::Kill() {
             KillAtRandom();
         }
     }
-    constexpr unsigned kMore = 8;
-    for (unsigned i = 0; i < kMore && KillsWhileWriting() == 0 && !testing::Test::HasFailure(); ++i) {
+    constexpr unsigned kShare = 4;
+    constexpr unsigned kMore = 16;
+    const unsigned wanted = (kills + kShare - 1) / kShare;
+    for (unsigned i = 0; i < kMore && KillsWhileWriting() < wanted && !testing::Test::HasFailure(); ++i) {
         KillAtRandom();
     }
-    constexpr unsigned kShare = 4;
-    EXPECT_GE(KillsWhileWriting(), (kills + kShare - 1) / kShare)
-        << "hardly a kill fell where it says anything";
+    EXPECT_GE(KillsWhileWriting(), wanted) << "hardly a kill fell where it says anything";
 }
 
 void Killer::KillAtRandom() {
