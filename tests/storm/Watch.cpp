@@ -11,14 +11,13 @@ using UiDriver::Window;
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks = 50ms;
-constexpr std::chrono::milliseconds kAnswer = 2s;
 /// A dialog's owner is enabled before the dialog goes, and for that moment there are two.
 constexpr std::chrono::milliseconds kDoubt = 300ms;
 
 } // namespace
 
-Watch::Watch(DWORD processId)
-    : processId_(processId), thread_([this](const std::stop_token& stop) {
+Watch::Watch(DWORD processId, std::chrono::milliseconds answerLimit)
+    : processId_(processId), answerLimit_(answerLimit), thread_([this](const std::stop_token& stop) {
           while (!stop.stop_requested()) {
               {
                   const std::lock_guard lock(mutex_);
@@ -63,12 +62,12 @@ void Watch::Ask(HWND window) {
     const Clock::time_point start = Clock::now();
     DWORD_PTR result = 0;
     const bool answered = SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL,
-                                              static_cast<UINT>(kAnswer.count()), &result) != 0;
+                                              static_cast<UINT>(answerLimit_.count()), &result) != 0;
     const bool timedOut = !answered && GetLastError() == ERROR_TIMEOUT;
     const Clock::duration time = Clock::now() - start;
     longestAnswer_ = std::max(longestAnswer_, time);
     if (timedOut && IsWindow(window)) { // else it has closed meanwhile
-        fault_ = L"the program does not answer for 2 s: " + UiDriver::Describe(window);
+        fault_ = L"the program does not answer in time: " + UiDriver::Describe(window);
     }
 }
 

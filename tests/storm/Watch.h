@@ -15,7 +15,7 @@ class Watch {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Watch(DWORD processId);
+    explicit Watch(DWORD processId, std::chrono::milliseconds answerLimit = std::chrono::seconds(2));
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
     ~Watch();
@@ -34,6 +34,7 @@ private:
     void CountDialogs();
 
     const DWORD processId_;
+    const std::chrono::milliseconds answerLimit_;
     mutable std::mutex mutex_;
     Clock::duration longestAnswer_{};
     Clock::duration longestDoubt_{};

@@ -3,6 +3,9 @@
 #include "PatternManagerUse.h"
 #include "WizardUse.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace {
 
 using UiDriver::Control;
@@ -85,7 +88,8 @@ protected:
 
     DWORD StoredNumber(bool iniFile, const char* iniKey, const wchar_t* name) const {
         const std::optional<std::string> line = Ini().Get("KORVOQLB", iniKey);
-        return iniFile ? std::stoul(line.value_or("1")) : User().Dword(name).value_or(0);
+        const DWORD inFile = std::strtoul(line.value_or("").c_str(), nullptr, 10);
+        return iniFile ? std::max<DWORD>(inFile, 1) : User().Dword(name).value_or(0);
     }
 
     void UseAgain(bool iniFile) {

@@ -238,7 +238,8 @@ void Killer::Kill() {
     }
     constexpr unsigned kShare = 4;
     constexpr unsigned kMore = 16;
-    const unsigned wanted = (kills + kShare - 1) / kShare;
+    // A few kills may all fall badly; many can't.
+    const unsigned wanted = kills > count ? kills / kShare : 1;
     for (unsigned i = 0; i < kMore && KillsWhileWriting() < wanted && !testing::Test::HasFailure(); ++i) {
         KillAtRandom();
     }

@@ -197,16 +197,14 @@ TEST_F(Saving, KeepsUnsavedEdits_WhenAnEarlierSaveWasRefused) {
     EXPECT_EQ(settings.Slot(2).Name, L"Letters");
 }
 
-// What was edited belongs to the other Pattern, and would be saved over this one.
-TEST_F(Saving, TakesTheWholePattern_WhenAnotherProgramMadeItCurrent) {
+TEST_F(Saving, KeepsUnsavedEdits_UnderTheNumberThatAnotherProgramMadeCurrent) {
     settings.SetButtonName(1, L"Post");
     PutUser(L"", L"CurrSetting", 2);
-    EXPECT_TRUE(OpenAndCloseManager());
-    EXPECT_EQ(settings.Slot(1).Name, L"Report");
-    EXPECT_FALSE(settings.AnythingChanged());
-    settings.Save();
-    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
-    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Report");
+    EXPECT_FALSE(OpenAndCloseManager());
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_EQ(settings.Working().UserName, L"Work");
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_TRUE(settings.AnythingChanged());
 }
 
 TEST_F(Saving, KeepsItsPattern_WhoseNumberIsBeyondTheList) {
@@ -220,22 +218,21 @@ TEST_F(Saving, KeepsItsPattern_WhoseNumberIsBeyondTheList) {
     EXPECT_EQ(settings.Slot(1).Name, L"Fifth");
 }
 
-TEST_F(Saving, TakesTheNewPattern_ThatTookANumberBeyondTheList) {
+TEST_F(Saving, KeepsUnsavedEdits_WhenANewPatternTookItsNumberBeyondTheList) {
     PutPattern(3, "Old", "Old button");
     settings.SwitchPattern(3, false);
     settings.SetButtonName(1, L"Third");
     PatternList managed = settings.PatternsToManage();
     managed.Load();
     managed.Add(L"New");
-    EXPECT_TRUE(settings.ReloadPatternList(managed));
-    EXPECT_EQ(settings.Slot(1).Name, L"Default");
+    EXPECT_FALSE(settings.ReloadPatternList(managed));
+    EXPECT_EQ(settings.Slot(1).Name, L"Third");
     EXPECT_EQ(settings.Working().UserName, L"New");
 }
 
-TEST_F(Saving, CountsARenamedPatternAsNoChange) {
+TEST_F(Saving, StoresTheNewNameOfARenamedPattern) {
     PutUser(L"Setting\\Set1", L"SetName", "Renamed");
     OpenAndCloseManager();
-    EXPECT_FALSE(settings.AnythingChanged());
     settings.Save();
     EXPECT_EQ(UserString(L"Setting\\Set1", L"SetName"), "Renamed");
 }

@@ -41,23 +41,29 @@ bool MainSettings::ReloadPatternList(PatternList& managed) {
     managed.WriteRefused();
     const int formerNumber = currentPattern_;
     const int place = managed.NumberOf(formerNumber);
+    const bool refused = currentRefused_ || managed.HasRefused();
     currentRefused_ = (currentRefused_ || managed.IsCurrentRefused()) && managed.IsStored(place);
     // A number that the store refuses to this day is written with the next save.
     currentPattern_ = currentRefused_ ? place : store_.ReadCurrentPatternNumber();
     LoadPatternNames();
-    if ((currentPattern_ == place && managed.IsFree(place)) || IsAsBefore(formerNumber)) {
+    if (!refused || (currentPattern_ == place && managed.IsFree(place)) ||
+        IsAsBefore(managed, formerNumber)) {
         working_.UserName = patterns_->LoadPatternName(currentPattern_, defaults_);
-        unchanged_.UserName = working_.UserName;
         return false;
     }
     LoadCurrentPattern();
     return true;
 }
 
-bool MainSettings::IsAsBefore(int formerNumber) const {
-    return currentPattern_ == formerNumber &&
-           (patterns_->LoadPatternName(currentPattern_, Pattern{}).empty() ||
-            patterns_->LoadPattern(currentPattern_, defaults_) == unchanged_);
+bool MainSettings::IsAsBefore(const PatternList& managed, int formerNumber) const {
+    if (currentPattern_ != formerNumber) {
+        return false;
+    }
+    if (patterns_->LoadPatternName(currentPattern_, Pattern{}).empty()) {
+        return true;
+    }
+    // As it was read, and not as it was last saved: what is stored reads a little different.
+    return managed.AsRead(formerNumber) == patterns_->LoadPattern(currentPattern_, defaults_);
 }
 
 void MainSettings::LoadCurrentPattern() {

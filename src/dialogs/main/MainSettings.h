@@ -79,16 +79,15 @@ public:
     [[nodiscard]] PatternList PatternsToManage();
 
     /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's
-    /// name. Unsaved edits stay. But the whole Pattern is read when the current number has come to mean another one,
-    /// over which the edits would otherwise be saved: the store refused a part, or another program wrote the number.
-    /// True then.
+    /// name. Unsaved edits stay. But the whole Pattern is read when the store refused a part of what the manager
+    /// did, and the current number has come to mean another one, over which the edits would be saved. True then.
     bool ReloadPatternList(PatternList& managed);
 
 private:
     void LoadPatternNames();
     void WriteCurrentNumber();
     /// Whether the manager changed nothing of the current Pattern, or left nothing in its place.
-    [[nodiscard]] bool IsAsBefore(int formerNumber) const;
+    [[nodiscard]] bool IsAsBefore(const PatternList& managed, int formerNumber) const;
     void LoadCurrentPattern();
     void ChoosePicture(int button);
     void StorePattern();

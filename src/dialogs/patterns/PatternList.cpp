@@ -11,14 +11,16 @@ PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Patter
     : store_(store), patterns_(patterns), defaults_(defaults) {}
 
 void PatternList::Load() {
-    loadedCount_ = store_.ReadPatternCount();
+    const int count = store_.ReadPatternCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
-    if (currentPattern_ > loadedCount_) {
+    if (currentPattern_ > count) {
         currentPattern_ = 1;
     }
     records_.clear();
-    for (int number = 1; number <= loadedCount_; ++number) {
-        records_.push_back({patterns_.LoadPattern(number, defaults_), number});
+    asRead_.clear();
+    for (int number = 1; number <= count; ++number) {
+        asRead_.push_back(patterns_.LoadPattern(number, defaults_));
+        records_.push_back({asRead_.back(), number});
     }
     refusedSections_.clear();
     currentRefused_ = false;
@@ -95,12 +97,23 @@ void PatternList::WriteRefused() {
 }
 
 int PatternList::NumberOf(int former) const {
-    for (int i = 0; i < Count(); ++i) {
+    const auto read = static_cast<int>(asRead_.size());
+    for (int i = 0; i < Count() && former >= 1; ++i) {
         if (At(i).former == former) {
             return i + 1;
         }
     }
-    return former > loadedCount_ && former > Count() ? former : 0;
+    return former > read && former > Count() ? former : 0;
+}
+
+std::optional<Pattern> PatternList::AsRead(int former) const {
+    const bool was = former >= 1 && static_cast<std::size_t>(former) <= asRead_.size();
+    return was ? std::optional(asRead_[static_cast<std::size_t>(former) - 1]) : std::nullopt;
+}
+
+bool PatternList::HasRefused() const {
+    return currentRefused_ || countRefused_ || !refusedSections_.empty() ||
+           std::any_of(records_.begin(), records_.end(), [](const Record& record) { return record.refused; });
 }
 
 bool PatternList::IsFree(int number) const {

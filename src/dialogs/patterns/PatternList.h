@@ -2,6 +2,7 @@
 
 #include "settings/Pattern.h"
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -45,9 +46,14 @@ public:
     void WriteRefused();
 
     /// The number now of the Pattern that was number `former` when the list was read; 0 when it was deleted. One beyond
-    /// the list keeps its number until a new Pattern takes it.
+    /// the list keeps its number while no new Pattern has it.
     [[nodiscard]] int NumberOf(int former) const;
 
+    /// The Pattern under this number as it was when the list was read; nothing where there was none.
+    [[nodiscard]] std::optional<Pattern> AsRead(int former) const;
+
+    /// Whether the store still lacks something that was to be written.
+    [[nodiscard]] bool HasRefused() const;
     [[nodiscard]] bool IsCurrentRefused() const { return currentRefused_; }
     /// Whether the list has a Pattern of this number that the store has too.
     [[nodiscard]] bool IsStored(int number) const {
@@ -77,7 +83,7 @@ private:
     PatternStore& patterns_;
     const Pattern& defaults_;
     std::vector<Record> records_;
-    int loadedCount_ = 0;
+    std::vector<Pattern> asRead_;
     int currentPattern_ = 1;
     std::set<int> refusedSections_; ///< that are still there
     bool currentRefused_ = false;
