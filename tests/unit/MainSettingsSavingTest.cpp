@@ -197,6 +197,20 @@ TEST_F(Saving, KeepsUnsavedEdits_WhenAnEarlierSaveWasRefused) {
     EXPECT_EQ(settings.Slot(2).Name, L"Letters");
 }
 
+TEST_F(Saving, KeepsUnsavedEdits_WhenNothingWasStored_ThoughItsPatternDoesNotReadAsItIsShown) {
+    // A method that is missing is shown as "M".
+    registry.Remove(RegistryHive::CurrentUser, Path(L"Setting\\Set2\\AppKey7"), L"Execute");
+    settings.SwitchPattern(2, false);
+    settings.SetButtonName(1, L"Letters");
+    registry.refusesWrites = true;
+    PatternList managed = settings.PatternsToManage();
+    managed.Load();
+    managed.Delete(0);
+    EXPECT_FALSE(settings.ReloadPatternList(managed));
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_EQ(settings.Slot(1).Name, L"Letters");
+}
+
 TEST_F(Saving, KeepsUnsavedEdits_UnderTheNumberThatAnotherProgramMadeCurrent) {
     settings.SetButtonName(1, L"Post");
     PutUser(L"", L"CurrSetting", 2);
