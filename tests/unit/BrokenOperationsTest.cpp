@@ -427,6 +427,26 @@ bool HasEditsOf(const BrokenStore& store, int pattern) {
     return false;
 }
 
+/// A dialog with unsaved edits, and the manager open over it.
+struct EditedDialog {
+    EditedDialog(bool iniFile, int current)
+        : store(iniFile, current, BrokenStore::kDialogButtons),
+          dialog(store.store, store.notification, store.fonts), list(Begin()) {
+        list.Load();
+    }
+
+    BrokenStore store;
+    MainSettings dialog;
+    PatternList list;
+
+private:
+    PatternList Begin() {
+        dialog.Load();
+        store.EditEverything(dialog);
+        return dialog.PatternsToManage();
+    }
+};
+
 /// A program whose user deletes a Pattern while others are edited.
 class BrokenDeletion : public testing::TestWithParam<bool> {
 public:
@@ -449,12 +469,8 @@ public:
 TEST_P(BrokenDeletion, CostsNoOtherPattern_WhenANumberIsNeverStored) {
     for (const wchar_t* const refused : {L"CurrUser", L"NumUser"}) {
         ForEachDeletion([&](int current, int deleted) {
-            BrokenStore store(GetParam(), current, BrokenStore::kDialogButtons);
-            MainSettings dialog(store.store, store.notification, store.fonts);
-            dialog.Load();
-            store.EditEverything(dialog);
-            PatternList list = dialog.PatternsToManage();
-            list.Load();
+            EditedDialog edited(GetParam(), current);
+            auto& [store, dialog, list] = edited;
             store.RefuseEach(refused);
             list.Delete(deleted - 1);
             dialog.ReloadPatternList(list);
@@ -517,12 +533,8 @@ TEST_P(BrokenDeletion, CostsNoFurtherPattern_WhenTheStoreWorksAgainOnlyLater) {
 
 TEST_P(BrokenDeletion, KeepsTheEdits_WhenNothingOfItWasStored) {
     ForEachDeletion([&](int current, int deleted) {
-        BrokenStore store(GetParam(), current, BrokenStore::kDialogButtons);
-        MainSettings dialog(store.store, store.notification, store.fonts);
-        dialog.Load();
-        store.EditEverything(dialog);
-        PatternList list = dialog.PatternsToManage();
-        list.Load();
+        EditedDialog edited(GetParam(), current);
+        auto& [store, dialog, list] = edited;
         store.RefuseWrites();
         list.Delete(deleted - 1);
         dialog.ReloadPatternList(list);
@@ -541,12 +553,8 @@ TEST_P(BrokenDeletion, KeepsTheEdits_WhenNothingOfItWasStored) {
 TEST_P(BrokenDeletion, KeepsTheLastPattern_WhenTheStoreEndsWithItsSectionGone) {
     constexpr int kLast = BrokenStore::kPatterns;
     for (int deleted = 1; deleted < kLast; ++deleted) {
-        BrokenStore store(GetParam(), kLast, BrokenStore::kDialogButtons);
-        MainSettings dialog(store.store, store.notification, store.fonts);
-        dialog.Load();
-        store.EditEverything(dialog);
-        PatternList list = dialog.PatternsToManage();
-        list.Load();
+        EditedDialog edited(GetParam(), kLast);
+        auto& [store, dialog, list] = edited;
         store.Arm(Fault::FromThen, 2);
         list.Delete(deleted - 1);
         store.Disarm();
