@@ -14,30 +14,34 @@ add_library(qlb_windows STATIC
     platform/windows/WindowsShell.cpp
     platform/windows/WindowsShellIcons.cpp
     platform/windows/WindowsStringSource.cpp
-    platform/windows/WindowsTopLevelWindows.cpp
-    platform/windows/Worker.cpp)
+    platform/windows/WindowsTextCase.cpp
+    platform/windows/WindowsTopLevelWindows.cpp)
 target_include_directories(qlb_windows PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 user32)
 
-# What every form shares, and the trees.
+# What every form shares.
 add_library(qlb_ui STATIC
-    browse/BrowseTree.cpp
-    browse/IconLoader.cpp
-    browse/IconPicture.cpp
-    browse/NodeImageList.cpp
-    browse/TreeControl.cpp
     ui/AccessibleButton.cpp
     ui/Controls.cpp
     ui/DialogFont.cpp
     ui/Dpi.cpp
     ui/Form.cpp
+    ui/FormScroll.cpp
     ui/MessagePump.cpp
-    ui/MessageWindow.cpp
+    ui/ModalForm.cpp
     ui/PictureButton.cpp
     ui/PictureList.cpp
     ui/Theme.cpp
     ui/ToolTip.cpp)
-target_link_libraries(qlb_ui PRIVATE qlb_warnings PUBLIC qlb_core qlb_windows comctl32)
+target_link_libraries(qlb_ui PRIVATE qlb_warnings PUBLIC qlb_core qlb_pixels qlb_windows comctl32)
+
+# The trees.
+add_library(qlb_browse STATIC
+    browse/BrowseTree.cpp
+    browse/IconPicture.cpp
+    browse/NodeImageList.cpp
+    browse/TreeControl.cpp)
+target_link_libraries(qlb_browse PRIVATE qlb_warnings PUBLIC qlb_ui)
 
 # The dialog for one button, and what it shares with others.
 add_library(qlb_register STATIC
@@ -49,7 +53,7 @@ add_library(qlb_register STATIC
     dialogs/register/frmSetApDrag.cpp
     dialogs/wizard/frmWizard.cpp
     dialogs/wizard/frmWizardControls.cpp)
-target_link_libraries(qlb_register PRIVATE qlb_warnings PUBLIC qlb_ui)
+target_link_libraries(qlb_register PRIVATE qlb_warnings PUBLIC qlb_browse)
 
 # Version.rc and the manifest say the project's version and the program's own titles.
 set(qlb_string_table ${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc)

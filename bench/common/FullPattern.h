@@ -14,9 +14,9 @@ inline Pattern FullPattern(int seed) {
         slot.NumAP = kMaxPrograms;
         for (int k = 1; k <= kMaxPrograms; ++k) {
             const std::wstring program = L"Program " + std::to_wstring(k) + L" of " + number;
-            slot.AP(k) = L"C:\\Program Files\\Somewhere\\" + program + L".exe";
-            slot.Param(k) = L"/open \"C:\\Users\\Somebody\\Documents\\" + program + L".txt\"";
-            slot.Title(k) = program;
+            slot.Program(k).AP = L"C:\\Program Files\\Somewhere\\" + program + L".exe";
+            slot.Program(k).Param = L"/open \"C:\\Users\\Somebody\\Documents\\" + program + L".txt\"";
+            slot.Program(k).Title = program;
         }
     }
     return pattern;

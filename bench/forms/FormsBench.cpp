@@ -3,11 +3,13 @@
 //
 //   FormsBench.exe [/rounds:N]
 
+#include "app/LauncherNotification.h"
 #include "app/StringTable.h"
 #include "common/Comparison.h"
 #include "common/FullPattern.h"
 #include "common/ScratchKey.h"
 #include "common/Statistics.h"
+#include "dialogs/main/EnumFont.h"
 #include "dialogs/main/frmMain.h"
 #include "dialogs/patterns/PatternList.h"
 #include "dialogs/patterns/frmInputBox.h"
@@ -35,13 +37,14 @@ constexpr int kButtons = 7;
 class NoOtherInstance final : public InstanceGuard {
 public:
     bool AnotherInstanceRuns() override { return false; }
+    void GiveUp() override {}
 };
 
 /// What the forms open over.
 class OwnerForm final : public Form {
 public:
     OwnerForm() {
-        CreateHidden(nullptr, Globals().DialogFontName);
+        CreateHidden(Globals().DialogFontName);
         ShowWindow(Window(), SW_SHOW);
         PaintNow(Window());
     }
@@ -57,7 +60,7 @@ class SourcesForm final : public Form {
 public:
     SourcesForm(const Platform& platform, const RegIniFunc& store, const StringTable& texts)
         : panes_(*this, platform, store, texts) {
-        CreateHidden(nullptr, Globals().DialogFontName);
+        CreateHidden(Globals().DialogFontName);
     }
 
     [[nodiscard]] HWND KeyList() const { return panes_.ControlOf(ProgramSource::ShortcutKey); }
@@ -110,7 +113,12 @@ public:
         std::optional<BareForm> bare;
         const auto ours = [&]() -> std::optional<double> {
             const double start = NowMilliseconds();
-            frmMain dialog(platform);
+            RegIniFunc store(platform.registry, platform.profileFiles, platform.ansiText,
+                             Globals().IniFileName);
+            LauncherNotification launcher(platform.windows);
+            FontList fonts(Globals().DialogFontName);
+            MainSettings settings(store, launcher, fonts);
+            frmMain dialog(platform, texts_, store, fonts, settings);
             if (!dialog.Load(L"/k")) {
                 return std::nullopt;
             }
@@ -129,30 +137,22 @@ public:
 
     void Forms() {
         Globals().EditedButtonSlot = FullPattern(1).Btn(1);
-        Compare("open the input box", 0, [this](HWND owner) {
+        Compare("open the input box", 0, [this](Form& owner) {
             frmInputBox box(owner, texts_, platform_.ansiText);
             box.InputTitle(L"Question");
             box.SetMsgLabel(L"What is it?");
             box.InputText(L"This");
             box.ShowModal();
-            box.UnloadForm();
         });
-        Compare("open the registration dialog", 0, [this](HWND owner) {
-            frmSetAp dialog(owner, platform_, store_, texts_);
-            dialog.ShowModal();
-            dialog.UnloadForm();
-        });
+        Compare("open the registration dialog", 0,
+                [this](Form& owner) { frmSetAp(owner, platform_, store_, texts_).ShowModal(); });
         const Pattern defaults = FullPattern(1);
-        Compare("open the wizard", 0, [&](HWND owner) {
-            frmWizard wizard(owner, platform_, store_, texts_, defaults);
-            wizard.ShowModal();
-            wizard.UnloadForm();
-        });
-        Compare("open the printing form", 0, [this](HWND owner) {
+        Compare("open the wizard", 0,
+                [&](Form& owner) { frmWizard(&owner, platform_, store_, texts_, defaults).ShowModal(); });
+        Compare("open the printing form", 0, [this](Form& owner) {
             PrintingForm form(owner, texts_);
-            form.Run([givenUp = form.GivenUp()] {
-                while (!*givenUp) {
-                    Sleep(1);
+            form.ShowWhile([&] {
+                while (form.GoOn()) {
                 }
             });
         });
@@ -161,8 +161,9 @@ public:
             StorePatterns(count);
             PatternStore stored(store_, kButtons);
             PatternList patterns(store_, stored, defaults);
-            Compare("open the pattern manager", count,
-                    [&](HWND owner) { frmManager(owner, patterns, texts_, platform_.ansiText).ShowModal(); });
+            Compare("open the pattern manager", count, [&](Form& owner) {
+                frmManager(owner, patterns, texts_, platform_.ansiText).ShowModal();
+            });
         }
     }
 
@@ -191,10 +192,10 @@ private:
     }
 
     template <class Open> void Compare(const char* what, int size, Open open) {
-        const OwnerForm owner;
+        OwnerForm owner;
         std::optional<BareForm> bare;
         opening_.LookAtNext([&](HWND form) { bare.emplace(form); });
-        const auto ours = [&] { return opening_.TimeOf([&] { open(owner.Window()); }); };
+        const auto ours = [&] { return opening_.TimeOf([&] { open(owner); }); };
         ours();
         table_.Row(
             what, size, [&] { return TimeOfBare(bare, owner.Window()); }, ours);

@@ -7,17 +7,15 @@
 #include "common/FullPattern.h"
 #include "common/ScratchKey.h"
 #include "common/Statistics.h"
+#include "platform/windows/Handles.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "platform/windows/WindowsPrintDevice.h"
 #include "print/CQlbPrint.h"
 #include "settings/PatternStore.h"
 #include "settings/RegIniFunc.h"
-#include "ui/Handles.h"
 
-#include <atomic>
 #include <cstdio>
-#include <functional>
-#include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -54,7 +52,9 @@ private:
 /// Draws as the printer would, where no document can be started.
 class SheetDevice final : public PrintDevice {
 public:
-    explicit SheetDevice(HDC hdc) : real_(hdc, std::make_shared<std::atomic<bool>>(false), kSheet) {}
+    explicit SheetDevice(HDC hdc)
+        : real_(
+              hdc, [] { return true; }, kSheet) {}
 
     [[nodiscard]] PrintPage Page() const override { return real_.Page(); }
     [[nodiscard]] PrintExtent Extent(const std::wstring& text, PrintFont font) const override {
@@ -78,7 +78,8 @@ private:
 class BareDrawing {
 public:
     BareDrawing(const std::vector<PlacedPage>& pages, const Sheet& sheet) : pages_(pages) {
-        const WindowsPrintDevice device(sheet.Dc(), std::make_shared<std::atomic<bool>>(false), kSheet);
+        const WindowsPrintDevice device(
+            sheet.Dc(), [] { return true; }, kSheet);
         face_ = device.FaceName();
     }
 
@@ -146,12 +147,8 @@ void Measure(Comparison& table, const Sheet& sheet, const RegIniFunc& store) {
         return TimeOf([&] {
             CQlbPrint print(store);
             print.IniFileName(kIniFile);
-            return print.QlbPrintOut(
-                [&](const std::function<bool(PrintDevice&)>& draw) {
-                    SheetDevice device(sheet.Dc());
-                    return draw(device);
-                },
-                L"Bench");
+            SheetDevice device(sheet.Dc());
+            return print.QlbPrintOut(device, L"Bench");
         });
     });
     table.Row("  laying out and drawing alone", 0, floor, [&] {

@@ -48,21 +48,28 @@ public:
     }
 
     void Switch(Comparison& table, bool saveOld) {
-        registry_.Forget();
+        store_.IniSetString(kProgramSection, L"NumUser", L"2", store_.OwnIniFile());
         MainSettings recorded(recorded_, launcher_, fonts_);
         MainSettings settings(store_, launcher_, fonts_);
         recorded.Load();
         settings.Load();
         registry_.Forget();
-        recorded.SwitchPattern(2, saveOld, [] {});
-        int current = 1;
+        int edits = 0;
+        const auto switchTo = [&](MainSettings& dialog, int number) {
+            if (saveOld) {
+                dialog.SetButtonName(1, std::to_wstring(++edits));
+            }
+            dialog.SwitchPattern(number, [] { return SaveAnswer::Yes; });
+        };
+        int current = settings.CurrentPattern();
+        switchTo(recorded, 3 - current);
         table.Row(
             saveOld ? "switch Patterns, saving the old one" : "switch Patterns", 0,
             [&] { return TimeOf([&] { return registry_.WriteBare() && registry_.ReadBare(); }); },
             [&] {
                 current = 3 - current;
                 return TimeOf([&] {
-                    settings.SwitchPattern(current, saveOld, [] {});
+                    switchTo(settings, current);
                     return settings.Slot(1).NumAP == kMaxPrograms;
                 });
             });
@@ -74,14 +81,12 @@ public:
         recorded.Load();
         settings.Load();
         registry_.Forget();
-        recorded.WritePatternNumbers();
-        recorded.Save();
+        recorded.Apply();
         table.Row(
             "Apply", 0, [&] { return TimeOf([&] { return registry_.WriteBare(); }); },
             [&] {
                 return TimeOf([&] {
-                    settings.WritePatternNumbers();
-                    settings.Save();
+                    settings.Apply();
                     return true;
                 });
             });

@@ -1,5 +1,6 @@
-// How long a full folder takes to open in a tree, against a floor in the same run that only reads the folder,
-// sorts the names and inserts bare items:
+// How long a full folder takes to open in a tree, and how long the window is without an answer meanwhile, against
+// a floor in the same run that only reads the folder, sorts the names and inserts bare items. And the longest
+// time without an answer while the icons of one page come, beside asking the shell for all of them at once:
 //
 //   TreeBench.exe [/rounds:N] [/largest:FILES]
 //
@@ -8,6 +9,7 @@
 
 #include "browse/BrowseTree.h"
 #include "common/Comparison.h"
+#include "common/LongestSilence.h"
 #include "common/Statistics.h"
 #include "platform/NameOrder.h"
 #include "platform/windows/Ansi.h"
@@ -16,11 +18,14 @@
 #include "platform/windows/WindowsShell.h"
 #include "platform/windows/WindowsShellIcons.h"
 #include "ui/Form.h"
+#include "ui/MessagePump.h"
 
 #include <windows.h>
 
 #include <commctrl.h>
+#include <shellapi.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdio>
 #include <cstdlib>
@@ -28,12 +33,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
 
 constexpr int kPictureId = 2;
 constexpr int kSortListId = 3;
+constexpr int kPageOfIcons = 1000; ///< in this folder
 
 struct Case {
     int files;
@@ -84,27 +91,53 @@ bool Make(const Case& what) {
 class BenchForm final : public Form {
 public:
     BenchForm() : pump_(*this) {
-        CreateHidden(nullptr, L"MS Shell Dlg 2");
+        CreateHidden(L"MS Shell Dlg 2");
         ShowWindow(Window(), SW_SHOW);
         UpdateWindow(Window());
     }
 
     /// The program's way. Nothing when the tree did not get every entry.
     std::optional<double> Ours(const Case& what) {
-        const auto tree = std::make_unique<BrowseTree>(MakeTree(), *picture_, order_, Services(), pump_,
-                                                       L"Internet Shortcut", 16);
-        TreeControl& control = tree->Control();
-        const NodeId node = control.AddFirst(0, FolderOf(what), L"folder", {});
-        control.AddPlaceholder(node, L"placeholder", kPlaceholderText);
-        shown_ = tree.get();
-        UpdateWindow(tree_);
+        const NodeId node = Begin(what);
         const double start = NowMilliseconds();
-        tree->View().Expand(node);
-        Show(node);
+        Open(node);
         const double taken = NowMilliseconds() - start;
-        const auto expected = static_cast<std::size_t>(1 + what.files + 2 * what.folders);
-        shown_ = nullptr;
-        return control.Count() == expected ? std::optional(taken) : std::nullopt;
+        return End(what) ? std::optional(taken) : std::nullopt;
+    }
+
+    /// The longest time without an answer meanwhile.
+    std::optional<double> OurSilence(const Case& what) {
+        const NodeId node = Begin(what);
+        const double longest = LongestSilence(
+            Window(), [&] { Open(node); }, [] { return true; }, [] { return false; });
+        return End(what) ? std::optional(longest) : std::nullopt;
+    }
+
+    /// The longest time without an answer while the icons of the rows come that can be seen.
+    std::optional<double> IconSilence(const Case& what) {
+        Open(Begin(what));
+        const double longest = LongestSilence(
+            Window(), [&] { RedrawWindow(tree_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); },
+            [&] { return HasIcons(); }, [&] { return shown_->OnIdle(); });
+        return End(what) ? std::optional(longest) : std::nullopt;
+    }
+
+    /// The shell alone, asked for the same icons.
+    double IconFloor(const Case& what) {
+        Open(Begin(what));
+        std::vector<std::wstring> paths;
+        for (const HTREEITEM item : RowsOnScreen()) {
+            paths.push_back(shown_->Control().Key(std::bit_cast<NodeId>(item)));
+        }
+        const double start = NowMilliseconds();
+        for (const std::wstring& path : paths) {
+            constexpr std::uint32_t kFlags = SHGFI_SYSICONINDEX | SHGFI_TYPENAME | SHGFI_DISPLAYNAME |
+                                             SHGFI_SHELLICONSIZE | SHGFI_SMALLICON;
+            (void)icons_.Query(path, kFlags);
+        }
+        const double taken = NowMilliseconds() - start;
+        End(what);
+        return taken;
     }
 
     /// Reading, sorting and inserting, and no more. With placeholders when folders are to have their mark.
@@ -113,11 +146,91 @@ public:
         const NodeId node = InsertBare(0, L"folder");
         UpdateWindow(tree_);
         const double start = NowMilliseconds();
+        FillBare(what, marks, node);
+        return NowMilliseconds() - start;
+    }
+    double FloorSilence(const Case& what) {
+        MakeTree();
+        const NodeId node = InsertBare(0, L"folder");
+        UpdateWindow(tree_);
+        return LongestSilence(
+            Window(), [&] { FillBare(what, false, node); }, [] { return true; }, [] { return false; });
+    }
+
+protected:
+    void OnCreate() override {
+        AddControl(Window(), {kPictureId, WC_STATICW, SS_ICON, {}});
+        AddControl(Window(), {kSortListId, WC_LISTBOXW, LBS_SORT, {}});
+        picture_ = std::make_unique<IconPicture>(Control(kPictureId), icons_);
+        order_ = std::make_unique<WindowsNameOrder>(Control(kSortListId));
+    }
+    SIZE OnLayout() override { return {400, 400}; }
+    void OnCommand(int /*id*/, int /*notification*/) override {}
+    LRESULT OnNotify(NMHDR& header) override { return shown_ == nullptr ? 0 : shown_->OnNotify(header); }
+
+private:
+    BrowseServices Services() { return {files_, shell_, icons_, pump_}; }
+
+    /// A tree with the folder, unopened.
+    NodeId Begin(const Case& what) {
+        view_ = std::make_unique<BrowseTree>(MakeTree(), *picture_, *order_, Services(), L"Internet Shortcut",
+                                             16);
+        const NodeId node = view_->Control().AddFirst(0, FolderOf(what), L"folder", {});
+        view_->Control().AddPlaceholder(node, L"placeholder", kPlaceholderText);
+        shown_ = view_.get();
+        UpdateWindow(tree_);
+        return node;
+    }
+    void Open(NodeId node) {
+        shown_->View().Expand(node);
+        Show(node);
+    }
+    /// False when the tree did not get every entry.
+    bool End(const Case& what) {
+        const auto expected = static_cast<std::size_t>(1 + what.files + 2 * what.folders);
+        const bool complete = shown_->Control().Count() == expected;
+        shown_ = nullptr;
+        view_.reset();
+        return complete;
+    }
+
+    [[nodiscard]] std::vector<HTREEITEM> RowsOnScreen() const {
+        std::vector<HTREEITEM> rows;
+        LRESULT item = SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0);
+        for (LRESULT left = SendMessageW(tree_, TVM_GETVISIBLECOUNT, 0, 0); item != 0 && left > 0; --left) {
+            rows.push_back(std::bit_cast<HTREEITEM>(item));
+            item = SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_NEXTVISIBLE, item);
+        }
+        return rows;
+    }
+    [[nodiscard]] bool HasIcons() const {
+        for (const HTREEITEM row : RowsOnScreen()) {
+            TVITEMW item{};
+            item.mask = TVIF_HANDLE | TVIF_IMAGE;
+            item.hItem = row;
+            SendMessageW(tree_, TVM_GETITEMW, 0, std::bit_cast<LPARAM>(&item));
+            if (item.iImage < 0) {
+                return false;
+            }
+        }
+        return true;
+    }
+    HWND MakeTree() {
+        if (tree_ != nullptr) {
+            DestroyWindow(tree_);
+        }
+        tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"",
+                                WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_HASLINES, 0, 0,
+                                400, 400, Window(), nullptr, nullptr, nullptr);
+        return tree_;
+    }
+
+    void FillBare(const Case& what, bool marks, NodeId node) {
         std::vector<std::wstring> folders;
         std::vector<std::wstring> files;
         Enumerate(FolderOf(what), folders, files);
-        order_->Sort(folders);
-        order_->Sort(files);
+        Sort(folders);
+        Sort(files);
         SendMessageW(tree_, WM_SETREDRAW, FALSE, 0);
         for (auto name = files.rbegin(); name != files.rend(); ++name) {
             InsertBare(node, *name);
@@ -130,31 +243,18 @@ public:
         }
         SendMessageW(tree_, WM_SETREDRAW, TRUE, 0);
         Show(node);
-        return NowMilliseconds() - start;
     }
 
-protected:
-    void OnCreate() override {
-        AddControl(Window(), {kPictureId, WC_STATICW, SS_ICON, {}});
-        AddControl(Window(), {kSortListId, WC_LISTBOXW, LBS_SORT, {}});
-        picture_ = std::make_unique<IconPicture>(Control(kPictureId), icons_);
-        order_ = std::make_shared<WindowsNameOrder>(Control(kSortListId));
-    }
-    SIZE OnLayout() override { return {400, 400}; }
-    void OnCommand(int /*id*/, int /*notification*/) override {}
-    LRESULT OnNotify(NMHDR& header) override { return shown_ == nullptr ? 0 : shown_->OnNotify(header); }
-
-private:
-    BrowseServices Services() { return {files_, shell_, icons_, pump_}; }
-
-    HWND MakeTree() {
-        if (tree_ != nullptr) {
-            DestroyWindow(tree_);
+    void Sort(std::vector<std::wstring>& names) const {
+        std::vector<std::pair<std::string, std::wstring>> sorted;
+        sorted.reserve(names.size());
+        for (std::wstring& name : names) {
+            sorted.emplace_back(order_->SortKey(name), std::move(name));
         }
-        tree_ = CreateWindowExW(0, WC_TREEVIEWW, L"",
-                                WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_HASLINES, 0, 0,
-                                400, 400, Window(), nullptr, nullptr, nullptr);
-        return tree_;
+        std::sort(sorted.begin(), sorted.end());
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            names[i] = std::move(sorted[i].second);
+        }
     }
 
     void Show(NodeId node) {
@@ -194,8 +294,9 @@ private:
     WindowsShellIcons icons_;
     MessagePump pump_;
     std::unique_ptr<IconPicture> picture_;
-    std::shared_ptr<const NameOrder> order_;
+    std::unique_ptr<const NameOrder> order_;
     HWND tree_ = nullptr;
+    std::unique_ptr<BrowseTree> view_;
     BrowseTree* shown_ = nullptr; ///< whose notifications are answered
 };
 
@@ -212,6 +313,14 @@ void Measure(BenchForm& form, Comparison& table, const Case& what) {
     if (what.folders > 0) {
         table.Row(
             words + ", marks too", size, [&] { return form.Floor(what, true); }, ours);
+    }
+    table.Row(
+        what.folders > 0 ? "longest silence, folders" : "longest silence, files", size,
+        [&] { return form.FloorSilence(what); }, [&] { return form.OurSilence(what); });
+    if (what.files == kPageOfIcons) {
+        table.Row(
+            "longest silence, icons of a page", size, [&] { return form.IconFloor(what); },
+            [&] { return form.IconSilence(what); });
     }
 }
 
@@ -230,9 +339,9 @@ int LargestFrom(int count, wchar_t** arguments) {
 
 int wmain(int count, wchar_t** arguments) {
     BenchForm form;
-    Comparison table(RoundsFrom(count, arguments, 5));
+    Comparison table(RoundsFrom(count, arguments, 9));
     const int largest = LargestFrom(count, arguments);
-    const int smallest = largest > 10000 ? 10001 : 0; // the huge one has a run of its own, with few rounds
+    const int smallest = largest > 10000 ? 10001 : 0; // the huge one has a run of its own
     for (const Case& what : {Case{100, 0}, {1000, 0}, {10000, 0}, {50000, 0}, {0, 2000}}) {
         if (what.files <= largest && what.files >= smallest) {
             Measure(form, table, what);

@@ -1,27 +1,13 @@
+#include "app/LauncherNotification.h"
+#include "app/StringTable.h"
+#include "dialogs/main/EnumFont.h"
+#include "dialogs/main/MainSettings.h"
 #include "dialogs/main/frmMain.h"
 #include "platform/windows/WindowsPlatform.h"
-#include "platform/windows/Worker.h"
+#include "settings/GlobalValue.h"
+#include "settings/RegIniFunc.h"
 
 #include <windows.h>
-
-namespace {
-
-void Run(const Platform& platform, const wchar_t* commandLine) {
-    frmMain mainDialog(platform);
-    if (!mainDialog.Load(commandLine)) {
-        return;
-    }
-    mainDialog.Show();
-    MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (!mainDialog.HandleDialogMessage(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
-}
-
-} // namespace
 
 int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_t* lpCmdLine,
                     int /*nShowCmd*/) {
@@ -29,10 +15,16 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     WindowsPlatform system;
     const Platform platform = system.Interfaces();
-    Run(platform, lpCmdLine);
-    if (WorkersRun()) {
-        // One may hang in a shell extension or a printer; nothing is left to be saved.
-        TerminateProcess(GetCurrentProcess(), 0);
+    ResetGlobals(platform.strings);
+    const StringTable texts(platform.strings);
+    RegIniFunc store(platform.registry, platform.profileFiles, platform.ansiText, Globals().IniFileName);
+    LauncherNotification launcher(platform.windows);
+    FontList fonts(Globals().DialogFontName);
+    MainSettings settings(store, launcher, fonts);
+    frmMain mainDialog(platform, texts, store, fonts, settings);
+    if (mainDialog.Load(lpCmdLine)) {
+        mainDialog.Show();
+        mainDialog.RunLoop();
     }
     return 0;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/FormClass.h"
 #include "platform/InstanceGuard.h"
 #include "platform/TopLevelWindows.h"
-#include "ui/FormClass.h"
 
 class StringTable;
 

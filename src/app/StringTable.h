@@ -92,10 +92,16 @@ enum TextOffset : int {
     kTextCloseWizard = 274,
     kTextFnKey = 275,
     kTextWizardFnKey1 = 276, ///< ... kTextWizardFnKey1 + 4
-    kTextSourceTab1 = 290,   ///< ... kTextSourceTab1 + 4
+    kTextStartMenuTab = 290,
+    kTextMediaCenterTab = 291,
     kTextIeFavorites = 292,
+    kTextAllFilesTab = 293,
     kTextShortcutKey = 294,
-    kTextWizardSource1 = 295, ///< ... kTextWizardSource1 + 4
+    kTextFromStartMenu = 295,
+    kTextFromMediaCenter = 296,
+    kTextFromIeFavorites = 297,
+    kTextFromAllFiles = 298,
+    kTextFromShortcutKey = 299,
     kTextWizardLabelled = 300,
     kTextInternetShortcut = 301,
     // What only screen readers say.
@@ -121,3 +127,6 @@ public:
 private:
     const StringSource& source_;
 };
+
+/// Sets the process-wide values as they stand at the program's start, the names from the string table.
+void ResetGlobals(const StringSource& strings);

@@ -1,47 +1,43 @@
 #include "browse/BrowseTree.h"
 
 #include <bit>
-#include <utility>
 
-BrowseTree::BrowseTree(HWND tree, IconPicture& picture, std::shared_ptr<const NameOrder> order,
-                       const BrowseServices& services, MessagePump& pump,
-                       const std::wstring& internetShortcutType, int iconSize)
-    : control_(tree, services.icons), view_(services, internetShortcutType), pump_(pump) {
-    control_.SetView(view_);
+BrowseTree::BrowseTree(HWND tree, IconPicture& picture, const NameOrder& order,
+                       const BrowseServices& services, const std::wstring& internetShortcutType, int iconSize)
+    : control_(tree), view_(services, internetShortcutType) {
     control_.SetIconSize(iconSize);
-    control_.SetFill([this](NodeId node) {
-        const MessagePump::SlowWork slow(pump_);
-        return (view_.*expand_)(node);
-    });
     view_.TreeViewControl(control_);
     view_.PictureBoxControl(picture);
     view_.ImageListControl(control_.Images());
-    view_.ListBoxControl(std::move(order));
+    view_.ListBoxControl(order);
 }
 
 void BrowseTree::SetStartMenu(const std::wstring& path, const std::wstring& text) {
     expand_ = &CTreeView::ExpandStartMenu;
-    const MessagePump::SlowWork slow(pump_);
     view_.SetStartMenu(path, text);
     control_.SelectForKeyboard();
 }
 
 void BrowseTree::SetIeFavorites(const std::wstring& path, const std::wstring& text) {
     expand_ = &CTreeView::ExpandIeFavorites;
-    const MessagePump::SlowWork slow(pump_);
     view_.SetIeFavorites(path, text);
     control_.SelectForKeyboard();
 }
 
 void BrowseTree::SetMyComputer(const CSystemDrive& drives, const std::wstring& rootText) {
     expand_ = &CTreeView::Expand;
-    const MessagePump::SlowWork slow(pump_);
     view_.SetMyComputer(drives, rootText);
     control_.SelectForKeyboard();
 }
 
-void BrowseTree::SetIconSize(int pixels) {
-    control_.SetIconSize(pixels);
+bool BrowseTree::OnIdle() {
+    if (const NodeId node = control_.TakeNextToOpen(); node != 0) {
+        if ((view_.*expand_)(node)) {
+            control_.Expand(node);
+        }
+        return true;
+    }
+    return control_.GiveNextImage([this](const std::wstring& path) { return view_.ImageOf(path); });
 }
 
 LRESULT BrowseTree::OnNotify(NMHDR& header) {
@@ -55,11 +51,12 @@ LRESULT BrowseTree::OnNotify(NMHDR& header) {
         if (!view_.IsUnopened(node)) {
             return FALSE;
         }
-        control_.Open(node);
-        return TRUE; // stays closed until it is filled
+        // Later: reading works off events, and the control must not be in the middle of one.
+        control_.OpenLater(node);
+        return TRUE;
     }
     case TVN_GETDISPINFOW:
-        control_.GiveImage(std::bit_cast<NMTVDISPINFOW*>(&header)->item);
+        control_.TellImage(std::bit_cast<NMTVDISPINFOW*>(&header)->item);
         return 0;
     default:
         return 0;

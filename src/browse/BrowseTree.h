@@ -3,9 +3,7 @@
 #include "browse/CTreeView.h"
 #include "browse/IconPicture.h"
 #include "browse/TreeControl.h"
-#include "ui/MessagePump.h"
 
-#include <memory>
 #include <string>
 
 class CSystemDrive;
@@ -14,9 +12,8 @@ class CSystemDrive;
 class BrowseTree {
 public:
     /// `picture`: the form's box for drawing icons. `iconSize` in pixels.
-    BrowseTree(HWND tree, IconPicture& picture, std::shared_ptr<const NameOrder> order,
-               const BrowseServices& services, MessagePump& pump, const std::wstring& internetShortcutType,
-               int iconSize);
+    BrowseTree(HWND tree, IconPicture& picture, const NameOrder& order, const BrowseServices& services,
+               const std::wstring& internetShortcutType, int iconSize);
 
     void SetStartMenu(const std::wstring& path, const std::wstring& text);
     void SetIeFavorites(const std::wstring& path, const std::wstring& text);
@@ -24,8 +21,10 @@ public:
 
     [[nodiscard]] TreeControl& Control() { return control_; }
     [[nodiscard]] CTreeView& View() { return view_; }
-    void SetIconSize(int pixels);
 
+    /// Does one step of what can wait until no event does: opens a node, or else gets an icon. False when there was
+    /// nothing to do.
+    bool OnIdle();
     /// A notification of this tree's control. The result is what the control wants to know.
     LRESULT OnNotify(NMHDR& header);
 
@@ -34,6 +33,5 @@ private:
 
     TreeControl control_;
     CTreeView view_;
-    MessagePump& pump_;
     Expand expand_ = &CTreeView::Expand;
 };

@@ -26,11 +26,7 @@ ShellFileInfo CDrawIcon::AskShell(const ShellIcons& icons, const std::wstring& p
 }
 
 std::int32_t CDrawIcon::SHDrawIcon(std::int32_t mode) {
-    return SHDrawIcon(mode, AskShell(icons_, fileName_, flags_));
-}
-
-std::int32_t CDrawIcon::SHDrawIcon(std::int32_t mode, const ShellFileInfo& info) {
-    info_ = info;
+    info_ = AskShell(icons_, fileName_, flags_);
     number_ = info_.imageList == 0 ? 0 : info_.iconIndex;
     if (picture_ == nullptr) {
         return number_;

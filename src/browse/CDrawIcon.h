@@ -18,13 +18,10 @@ public:
     void PictureControl(PictureBox& picture) { picture_ = &picture; }
     void FileName(const std::wstring& path) { fileName_ = path; }
     void SetUFlag(std::uint32_t flags) { flags_ = flags; }
-    [[nodiscard]] std::uint32_t QueryFlags() const { return flags_; }
 
     /// Draws FileName's icon and returns the icon number: its index in the system image list, or that plus
     /// 1000 for the icon that mode 1 gives Internet shortcuts without an icon of their own.
     std::int32_t SHDrawIcon(std::int32_t mode);
-    /// The same with what AskShell has answered already.
-    std::int32_t SHDrawIcon(std::int32_t mode, const ShellFileInfo& info);
 
     /// Number of the last drawing.
     [[nodiscard]] std::int32_t IconHandle() const { return number_; }
@@ -32,7 +29,7 @@ public:
     [[nodiscard]] std::wstring FileText() const;
     [[nodiscard]] std::wstring FileType() const;
 
-    /// The query alone: the part that takes time, and may run on another thread.
+    /// The query alone.
     [[nodiscard]] static ShellFileInfo AskShell(const ShellIcons& icons, const std::wstring& path,
                                                 std::uint32_t flags);
 

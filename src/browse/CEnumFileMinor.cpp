@@ -4,8 +4,6 @@
 #include "platform/PendingEvents.h"
 #include "settings/StdModule.h"
 
-#include <utility>
-
 namespace {
 
 bool IsRecycleBin(const FoundFile& folder) {
@@ -34,16 +32,18 @@ bool CEnumFileMinor::Counts(const FoundFile& entry) const {
 }
 
 bool CEnumFileMinor::EnumDisk(const std::wstring& path) {
-    events_.Process();
-    if (path.empty()) {
-        return false; // the search would list the root of the current drive
+    if (!events_.Process() || path.empty()) { // the search for nothing would list the current drive
+        return false;
     }
     if (!IsFolder(system_, path)) {
         return true;
     }
-    parents_.push_back(WithoutTrailingBackslash(path));
-    const std::size_t parent = parents_.size() - 1;
+    const std::wstring parent = WithoutTrailingBackslash(path) + L'\\';
+    std::size_t seen = 0;
     (void)system_.Find(PatternIn(path), [&](const FoundFile& found) {
+        if (++seen % kEntriesAtOnce == 0 && !events_.Process()) {
+            return false;
+        }
         const FoundFile entry{CutAtNul(found.name), found.attributes};
         if (!Counts(entry) || (entry.attributes & kAttributeHidden) != 0) {
             return true;
@@ -51,16 +51,15 @@ bool CEnumFileMinor::EnumDisk(const std::wstring& path) {
         if (!IsFolder(entry)) {
             files_.push_back(entry.name);
         } else if (!IsRecycleBin(entry)) {
-            folders_.push_back({entry.name, parent, std::nullopt});
+            folders_.push_back(parent + entry.name);
         }
         return true;
     });
     return false;
 }
 
-bool CEnumFileMinor::CheckSubDirectory(const std::wstring& path) {
-    events_.Process();
-    if (path.empty() || !IsFolder(system_, path)) {
+bool CEnumFileMinor::CheckSubDirectory(const std::wstring& path) const {
+    if (!events_.Process() || path.empty() || !IsFolder(system_, path)) {
         return false;
     }
     bool found = false;
@@ -77,43 +76,18 @@ std::wstring CEnumFileMinor::GetFileName(std::int32_t index) const {
 }
 
 std::wstring CEnumFileMinor::GetDirName(std::int32_t index) const {
-    return InList(folders_, index) ? folders_[static_cast<std::size_t>(index)].name : std::wstring();
+    return InList(folders_, index) ? LastPart(folders_[static_cast<std::size_t>(index)]) : std::wstring();
 }
 
-bool CEnumFileMinor::GetSubDirCheck(std::int32_t index) {
+bool CEnumFileMinor::GetSubDirCheck(std::int32_t index) const {
     if (!InList(folders_, index)) {
         return false;
     }
-    const auto position = static_cast<std::size_t>(index);
-    if (!folders_[position].hasSubfolders) {
-        const std::wstring path = parents_[folders_[position].parent] + L'\\' + folders_[position].name;
-        const bool hasSubfolders = CheckSubDirectory(path);
-        // The events that were worked off meanwhile may have cleared the lists.
-        if (!InList(folders_, index) ||
-            path != parents_[folders_[position].parent] + L'\\' + folders_[position].name) {
-            return false;
-        }
-        folders_[position].hasSubfolders = hasSubfolders;
-    }
-    return *folders_[position].hasSubfolders;
-}
-
-std::vector<std::wstring> CEnumFileMinor::TakeDirNames() {
-    std::vector<std::wstring> names;
-    names.reserve(folders_.size());
-    for (Folder& folder : folders_) {
-        names.push_back(std::move(folder.name));
-    }
-    folders_.clear();
-    return names;
-}
-
-std::vector<std::wstring> CEnumFileMinor::TakeFileNames() {
-    return std::exchange(files_, {});
+    const std::wstring path = folders_[static_cast<std::size_t>(index)]; // a pending event may clear the list
+    return CheckSubDirectory(path);
 }
 
 void CEnumFileMinor::Clear() {
-    parents_.clear();
     folders_.clear();
     files_.clear();
 }

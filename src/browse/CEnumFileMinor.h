@@ -3,7 +3,6 @@
 #include "platform/FileSystem.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,11 +14,13 @@ class CEnumFileMinor {
 public:
     /// Read-only, hidden, directory, archive, normal.
     static constexpr std::uint32_t kDefaultAttributes = 0xB3;
+    /// Entries between two looks at the pending events.
+    static constexpr std::size_t kEntriesAtOnce = 256;
 
     CEnumFileMinor(const FileSystem& files, PendingEvents& events);
 
-    /// Appends the entries of `path` to the lists. True only when `path` is no folder. A path that can't be
-    /// read counts as a folder, and lists nothing.
+    /// Appends the entries of `path` to the lists, until a pending event makes them unwanted. True only when
+    /// `path` is no folder. A path that can't be read counts as a folder, and lists nothing.
     bool EnumDisk(const std::wstring& path);
 
     /// An entry counts only when it shares a bit with this mask.
@@ -33,25 +34,22 @@ public:
     [[nodiscard]] std::int32_t GetFileCount() const { return static_cast<std::int32_t>(files_.size()); }
     [[nodiscard]] std::wstring GetDirName(std::int32_t index) const;
     [[nodiscard]] std::int32_t GetDirCount() const { return static_cast<std::int32_t>(folders_.size()); }
-    /// Whether the folder has subfolders; looked up when first asked for. False outside the list.
-    [[nodiscard]] bool GetSubDirCheck(std::int32_t index);
-
-    /// All names at once; their list is empty afterwards.
-    [[nodiscard]] std::vector<std::wstring> TakeDirNames();
-    [[nodiscard]] std::vector<std::wstring> TakeFileNames();
+    /// Whether the folder has subfolders. Looked up now: a tree, which never asks, would wait for nothing. False
+    /// outside the list.
+    [[nodiscard]] bool GetSubDirCheck(std::int32_t index) const;
 
     void Clear();
 
+    /// Reserved: has no effect, and answers 0.
+    [[nodiscard]] static std::int32_t SearchDiskInfo(std::int32_t, std::int32_t, std::int32_t, std::int32_t,
+                                                     std::int32_t) {
+        return 0;
+    }
+
     /// Whether `path` holds a folder that is no recycle bin. Unlike in EnumDisk, hidden folders count.
-    [[nodiscard]] bool CheckSubDirectory(const std::wstring& path);
+    [[nodiscard]] bool CheckSubDirectory(const std::wstring& path) const;
 
 private:
-    struct Folder {
-        std::wstring name;
-        std::size_t parent; ///< in parents_
-        std::optional<bool> hasSubfolders;
-    };
-
     [[nodiscard]] std::wstring PatternIn(const std::wstring& path) const;
     [[nodiscard]] bool Counts(const FoundFile& entry) const;
 
@@ -59,7 +57,6 @@ private:
     PendingEvents& events_;
     std::uint32_t attributes_ = kDefaultAttributes;
     std::wstring filter_ = L"*.*";
-    std::vector<std::wstring> parents_; ///< without a trailing "\"
-    std::vector<Folder> folders_;
+    std::vector<std::wstring> folders_; ///< whole paths
     std::vector<std::wstring> files_;
 };

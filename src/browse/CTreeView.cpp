@@ -10,8 +10,7 @@
 #include "platform/Shell.h"
 #include "settings/StdModule.h"
 
-#include <algorithm>
-#include <functional>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -35,38 +34,28 @@ private:
     TreeNodes& nodes_;
 };
 
-/// For a thread without windows.
-class NoEvents final : public PendingEvents {
-public:
-    void Process() override {}
-    bool RunBeside(std::function<void()> work, const std::function<bool()>& /*goOn*/) override {
-        work();
-        return true;
-    }
-};
-
 } // namespace
 
-/// What a level is read with: its own copy, because a reading that was given up outlasts the tree.
-struct CTreeView::Reading {
-    const FileSystem* files = nullptr;
-    std::shared_ptr<const NameOrder> order;
-    std::wstring path;
-    bool joinStartMenus = false;
-    StartMenuFolders startMenus;
-    FolderLevel level;
-
-    void Run() {
-        std::vector<std::wstring> places{path};
-        if (joinStartMenus) {
-            std::wstring other = startMenus.Counterpart(*files, path);
-            if (!other.empty() && !EqualsIgnoreCase(other, path)) {
-                places.push_back(std::move(other));
-            }
+/// A folder that is being read, and the events that are worked off meanwhile. One of them may empty the tree.
+class CTreeView::Reading final : public PendingEvents {
+public:
+    explicit Reading(CTreeView& tree) : tree_(tree) { tree_.reading_ = this; }
+    ~Reading() override {
+        if (IsWanted()) {
+            tree_.reading_ = nullptr;
         }
-        NoEvents events; // the user interface works off its own meanwhile
-        level = ReadFolderLevel(*files, events, *order, places);
     }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+    [[nodiscard]] bool Process() override {
+        return IsWanted() && tree_.services_.events.Process() && IsWanted();
+    }
+
+private:
+    [[nodiscard]] bool IsWanted() const { return tree_.reading_ == this; }
+
+    CTreeView& tree_;
 };
 
 CTreeView::CTreeView(const BrowseServices& services, const std::wstring& internetShortcutType)
@@ -83,8 +72,7 @@ void CTreeView::PictureBoxControl(PictureBox& picture) {
 }
 
 void CTreeView::Clear() {
-    ++generation_;
-    openNext_.clear();
+    reading_ = nullptr;
     nodes_->RemoveAll();
     images_->Clear();
 }
@@ -138,8 +126,7 @@ void CTreeView::BuildFolderTree(const std::wstring& path, const std::wstring& te
         return;
     }
     AddPlaceholder(root, folder);
-    const std::uint32_t generation = generation_;
-    if (ExpandLevel(root, mode) && generation == generation_) {
+    if (ExpandLevel(root, mode)) {
         ShowSecondNode(root);
     }
 }
@@ -152,7 +139,7 @@ void CTreeView::SetStartMenu(const std::wstring& path, const std::wstring& text)
     userStartMenu_ = WithoutTrailingBackslash(path);
     allUsersStartMenu_ = WithoutTrailingBackslash(
         services_.shell.SpecialFolder(kFolderAllUsersStartMenu, nodes_->Window()).value_or(L""));
-    BuildFolderTree(path, text, Mode::StartMenu);
+    BuildFolderTree(userStartMenu_.empty() ? allUsersStartMenu_ : userStartMenu_, text, Mode::StartMenu);
 }
 
 void CTreeView::SetIeFavorites(const std::wstring& path, const std::wstring& text) {
@@ -180,59 +167,34 @@ bool CTreeView::ExpandLevel(NodeId node, Mode mode) {
     if (!IsUnopened(node)) {
         return true;
     }
-    if (expanding_) {
-        if (std::find(openNext_.begin(), openNext_.end(), node) == openNext_.end()) {
-            openNext_.push_back(node);
-        }
+    if (reading_ != nullptr) {
         return false;
     }
-    expanding_ = true;
-    const bool opened = ReadIn(node, mode);
-    expanding_ = false;
-    const std::uint32_t generation = generation_;
-    for (const NodeId next : std::exchange(openNext_, {})) {
-        if (generation != generation_) {
-            break; // opening the one before has emptied the tree
-        }
-        if (next != node || !opened) { // a new tree may have given the former root's id to its own
-            nodes_->Open(next);
-        }
-    }
-    return opened;
-}
-
-bool CTreeView::ReadIn(NodeId node, Mode mode) {
-    const std::uint32_t generation = generation_;
-    const auto reading = std::make_shared<Reading>();
-    reading->files = &services_.files;
-    reading->order = order_;
-    reading->path = nodes_->Key(node);
-    reading->joinStartMenus = mode == Mode::StartMenu;
-    if (reading->joinStartMenus) {
-        reading->startMenus = {userStartMenu_, allUsersStartMenu_, services_.shell.UserName()};
-    }
-    const bool read = services_.events.RunBeside([reading] { reading->Run(); },
-                                                 [this, generation] { return generation == generation_; });
-    if (!read || generation != generation_) {
+    Reading reading(*this);
+    const auto level = ReadFolderLevel(services_.files, reading, *order_, PlacesOf(node, mode));
+    if (!level) {
         return false;
-    }
-    if (!IsUnopened(node)) {
-        return true; // another program has meddled with the tree
     }
     const Undrawn undrawn(*nodes_);
     nodes_->Remove(nodes_->Child(node));
-    return PutIn(node, reading->level, mode);
+    return PutIn(node, *level, mode, reading);
 }
 
-bool CTreeView::PutIn(NodeId node, const FolderLevel& level, Mode mode) {
-    const std::uint32_t generation = generation_;
-    std::size_t added = 0;
-    const auto mayGoOn = [&] {
-        if (++added % kNodesAtOnce == 0) {
-            services_.events.Process();
+std::vector<std::wstring> CTreeView::PlacesOf(NodeId node, Mode mode) const {
+    std::vector<std::wstring> places{nodes_->Key(node)};
+    if (mode == Mode::StartMenu) {
+        const StartMenuFolders folders{userStartMenu_, allUsersStartMenu_, services_.shell.UserName()};
+        std::wstring other = folders.Counterpart(services_.files, places.front());
+        if (!other.empty() && !EqualsIgnoreCase(other, places.front())) {
+            places.push_back(std::move(other));
         }
-        return generation == generation_;
-    };
+    }
+    return places;
+}
+
+bool CTreeView::PutIn(NodeId node, const FolderLevel& level, Mode mode, Reading& reading) {
+    std::size_t added = 0;
+    const auto mayGoOn = [&] { return ++added % kNodesAtOnce != 0 || reading.Process(); };
     // Backwards, because each goes in front of those that are there.
     for (auto file = level.files.rbegin(); file != level.files.rend(); ++file) {
         std::wstring text = file->name;
@@ -261,14 +223,7 @@ std::wstring CTreeView::GetShortcutToURL(const std::wstring& file) const {
 
 int CTreeView::ImageOf(const std::wstring& path) {
     icon_.FileName(path);
-    return ImageOfDrawn(icon_.SHDrawIcon(kSubstituteInternetShortcuts));
-}
-
-int CTreeView::ImageOf(const ShellFileInfo& info) {
-    return ImageOfDrawn(icon_.SHDrawIcon(kSubstituteInternetShortcuts, info));
-}
-
-int CTreeView::ImageOfDrawn(std::int32_t iconNumber) {
-    const int image = images_->Find(iconNumber);
-    return image >= 0 ? image : images_->Add(*picture_, iconNumber);
+    const std::int32_t number = icon_.SHDrawIcon(kSubstituteInternetShortcuts);
+    const int image = images_->Find(number);
+    return image >= 0 ? image : images_->Add(*picture_, number);
 }

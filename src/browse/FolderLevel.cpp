@@ -3,60 +3,59 @@
 #include "browse/CEnumFileMinor.h"
 #include "browse/Paths.h"
 #include "platform/NameOrder.h"
+#include "platform/PendingEvents.h"
 #include "settings/StdModule.h"
 
-#include <unordered_map>
-#include <utility>
+#include <algorithm>
+#include <set>
 
 namespace {
 
-using Names = std::vector<std::wstring>;
+using Entries = std::vector<LevelEntry>;
 
-std::vector<LevelEntry> Sorted(Names names, const NameOrder& order) {
-    order.Sort(names);
-    std::vector<LevelEntry> entries;
-    entries.reserve(names.size());
-    for (std::wstring& name : names) {
-        entries.push_back({std::move(name), 0});
-    }
-    return entries;
+void KeepFirstOfEachName(Entries& entries) {
+    std::set<std::wstring, LessIgnoreCase> names;
+    std::erase_if(entries, [&](const LevelEntry& entry) { return !names.insert(entry.name).second; });
 }
 
-std::vector<LevelEntry> Merged(std::vector<Names> namesOfPlaces, const NameOrder& order) {
-    if (namesOfPlaces.size() == 1) {
-        return Sorted(std::move(namesOfPlaces.front()), order);
-    }
-    std::unordered_map<std::wstring, std::size_t> placeOf;
-    Names all;
-    for (std::size_t place = 0; place < namesOfPlaces.size(); ++place) {
-        for (std::wstring& name : namesOfPlaces[place]) {
-            if (placeOf.emplace(FoldCase(name), place).second) {
-                all.push_back(std::move(name));
-            }
+/// By keys that are made while events go on: comparing the names themselves would take much longer, at once.
+bool Sort(Entries& entries, const NameOrder& order, PendingEvents& events) {
+    std::size_t made = 0;
+    for (LevelEntry& entry : entries) {
+        entry.sortKey = order.SortKey(entry.name);
+        if (++made % CEnumFileMinor::kEntriesAtOnce == 0 && !events.Process()) {
+            return false;
         }
     }
-    std::vector<LevelEntry> entries = Sorted(std::move(all), order);
-    for (LevelEntry& entry : entries) {
-        entry.place = placeOf.at(FoldCase(entry.name));
-    }
-    return entries;
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const LevelEntry& a, const LevelEntry& b) { return a.sortKey < b.sortKey; });
+    return true;
 }
 
 } // namespace
 
-FolderLevel ReadFolderLevel(const FileSystem& files, PendingEvents& events, const NameOrder& order,
-                            const std::vector<std::wstring>& places) {
+std::optional<FolderLevel> ReadFolderLevel(const FileSystem& files, PendingEvents& events,
+                                           const NameOrder& order, const std::vector<std::wstring>& places) {
     FolderLevel level;
-    std::vector<Names> folderNames;
-    std::vector<Names> fileNames;
-    for (const std::wstring& place : places) {
-        level.places.push_back(WithoutTrailingBackslash(place));
+    for (const std::wstring& path : places) {
+        const std::size_t place = level.places.size();
+        level.places.push_back(WithoutTrailingBackslash(path));
         CEnumFileMinor folder(files, events);
-        folder.EnumDisk(place);
-        folderNames.push_back(folder.TakeDirNames());
-        fileNames.push_back(folder.TakeFileNames());
+        folder.EnumDisk(path);
+        for (std::int32_t i = 0; i < folder.GetDirCount(); ++i) {
+            level.folders.push_back({{}, folder.GetDirName(i), place});
+        }
+        for (std::int32_t i = 0; i < folder.GetFileCount(); ++i) {
+            level.files.push_back({{}, folder.GetFileName(i), place});
+        }
     }
-    level.folders = Merged(std::move(folderNames), order);
-    level.files = Merged(std::move(fileNames), order);
-    return level;
+    for (Entries* entries : {&level.folders, &level.files}) {
+        if (places.size() > 1) {
+            KeepFirstOfEachName(*entries);
+        }
+        if (!Sort(*entries, order, events)) {
+            return std::nullopt;
+        }
+    }
+    return events.Process() ? std::optional(std::move(level)) : std::nullopt;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@ class NameOrder;
 class PendingEvents;
 
 struct LevelEntry {
+    std::string sortKey;
     std::wstring name;
     std::size_t place = 0; ///< in FolderLevel::places
 };
@@ -24,6 +26,8 @@ struct FolderLevel {
     }
 };
 
-/// A name that several places have appears once, from the first of them.
-[[nodiscard]] FolderLevel ReadFolderLevel(const FileSystem& files, PendingEvents& events,
-                                          const NameOrder& order, const std::vector<std::wstring>& places);
+/// A name that several places have appears once, from the first of them. Nothing when an event made the level
+/// unwanted.
+[[nodiscard]] std::optional<FolderLevel> ReadFolderLevel(const FileSystem& files, PendingEvents& events,
+                                                         const NameOrder& order,
+                                                         const std::vector<std::wstring>& places);

@@ -1,7 +1,7 @@
 #include "browse/IconPicture.h"
 
 #include "platform/windows/Ansi.h"
-#include "platform/windows/KernelHandle.h"
+#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <commctrl.h>
@@ -26,8 +26,8 @@ int IconWidth(HIMAGELIST list) {
 
 /// The system image list with larger icons; its indexes are the same. The system keeps it for good.
 HIMAGELIST LargerSystemImages(int which) {
-    using GetImageList = HRESULT WINAPI(int, REFIID, void**);
-    static const auto kGetImageList = SystemProcedure<GetImageList>(L"shell32.dll", "SHGetImageList");
+    static const auto kGetImageList =
+        SystemProcedure<decltype(SHGetImageList)>(L"shell32.dll", "SHGetImageList");
     void* list = nullptr;
     if (kGetImageList == nullptr || FAILED(kGetImageList(which, kImageListInterface, &list))) {
         return nullptr;
@@ -73,8 +73,7 @@ void IconPicture::DrawSystemIcon(ImageListId imageList, std::int32_t index) {
 }
 
 bool IconPicture::DrawFirstIconOf(const std::wstring& file) {
-    using Extract = UINT WINAPI(LPCSTR, int, HICON*, HICON*, UINT);
-    static const auto kExtract = SystemProcedure<Extract>(L"shell32.dll", "ExtractIconExA");
+    static const auto kExtract = SystemProcedure<decltype(ExtractIconExA)>(L"shell32.dll", "ExtractIconExA");
     HICON small = nullptr;
     if (kExtract == nullptr) {
         return false;

@@ -1,16 +1,7 @@
 #pragma once
 
 #include "platform/ShellIcons.h"
-
-#include <windows.h>
-
-#include <memory>
-#include <type_traits>
-
-struct IconDeleter {
-    void operator()(HICON icon) const { DestroyIcon(icon); }
-};
-using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+#include "platform/windows/Handles.h"
 
 /// A static control (SS_ICON) as the picture box in which icons are drawn.
 class IconPicture final : public PictureBox {

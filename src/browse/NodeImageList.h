@@ -1,19 +1,13 @@
 #pragma once
 
 #include "browse/TreeNodes.h"
-
-#include <windows.h>
+#include "platform/windows/Handles.h"
 
 #include <commctrl.h>
 
-#include <memory>
-#include <type_traits>
 #include <unordered_map>
 
-struct ImageListDeleter {
-    void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
-};
-using ImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDeleter>;
+using ImageList = Owned<HIMAGELIST, ImageList_Destroy>;
 
 /// The image list of a tree control. What it takes in are the icons of IconPicture.
 class NodeImageList final : public NodeImages {

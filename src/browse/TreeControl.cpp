@@ -1,17 +1,11 @@
 #include "browse/TreeControl.h"
 
-#include "browse/CTreeView.h"
-
 #include <array>
 #include <bit>
+#include <cstring>
 #include <utility>
 
 namespace {
-
-constexpr UINT kOpenNode = WM_APP + 1;
-constexpr UINT kIconsCame = WM_APP + 2;
-constexpr UINT kRunLater = WM_APP + 3;
-constexpr int kNoImage = -2; // I_IMAGENONE
 
 HTREEITEM ItemOf(NodeId node) {
     return std::bit_cast<HTREEITEM>(node);
@@ -19,70 +13,32 @@ HTREEITEM ItemOf(NodeId node) {
 
 } // namespace
 
-TreeControl::TreeControl(HWND tree, const ShellIcons& icons)
-    : tree_(tree), messages_([this](UINT message) { OnMessage(message); }),
-      loader_(icons, messages_.Handle(), kIconsCame) {}
-
-void TreeControl::OnMessage(UINT message) {
-    switch (message) {
-    case kOpenNode:
-        OpenFirst();
-        break;
-    case kRunLater:
-        if (const auto action = std::exchange(later_, nullptr); action) {
-            action();
-        }
-        OpenNext();
-        break;
-    case kIconsCame:
-        ShowIcons();
-        break;
-    default:
-        break;
-    }
-}
-
-void TreeControl::OpenFirst() {
-    // While a folder is being read the others wait; OpenNext comes afterwards.
-    if (toOpen_.empty() || (view_ != nullptr && view_->IsExpanding())) {
-        return;
-    }
-    const NodeId node = toOpen_.front();
-    toOpen_.pop_front();
-    if (Node* data = NodeOf(node); data != nullptr) {
-        data->queued = false;
-    }
-    if (fill_ && fill_(node)) {
-        SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, std::bit_cast<LPARAM>(ItemOf(node)));
-    }
-    OpenNext();
-}
-
-void TreeControl::OpenNext() {
-    if (!toOpen_.empty()) {
-        messages_.Post(kOpenNode);
-    }
-}
-
 void TreeControl::Show(bool shown) {
     shown_ = shown;
     ShowWindow(tree_, shown ? SW_SHOW : SW_HIDE);
 }
 
-void TreeControl::RunLater(std::function<void()> action) {
-    later_ = std::move(action);
-    messages_.Post(kRunLater);
+NodeId TreeControl::TakeNextToOpen() {
+    if (toOpen_.empty()) {
+        return 0;
+    }
+    const NodeId node = toOpen_.front();
+    toOpen_.pop_front();
+    return node;
+}
+
+void TreeControl::Expand(NodeId node) const {
+    SendMessageW(tree_, TVM_EXPAND, TVE_EXPAND, std::bit_cast<LPARAM>(ItemOf(node)));
 }
 
 void TreeControl::SetIconSize(int pixels) {
     if (std::exchange(iconSize_, pixels) == pixels) {
         return;
     }
-    loader_.Clear();
     const ImageList former = images_.Create(pixels); // until the control has the new one
     SendMessageW(tree_, TVM_SETIMAGELIST, TVSIL_NORMAL, std::bit_cast<LPARAM>(images_.Handle()));
-    for (const NodeId node : std::exchange(asked_, {})) {
-        AskAgain(node);
+    for (Node& node : data_) {
+        node.image = kNeverAsked;
     }
 }
 
@@ -128,9 +84,6 @@ void TreeControl::Remove(NodeId node) {
 
 void TreeControl::RemoveAll() {
     toOpen_.clear();
-    later_ = nullptr;
-    loader_.Clear();
-    asked_.clear();
     Redraw(false);
     // Else the control would select one node after the other while it deletes them.
     SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, 0);
@@ -144,13 +97,6 @@ NodeId TreeControl::Next(UINT which, NodeId node) const {
         SendMessageW(tree_, TVM_GETNEXTITEM, which, std::bit_cast<LPARAM>(ItemOf(node))));
 }
 
-NodeId TreeControl::RootOf(NodeId node) const {
-    for (NodeId parent = Next(TVGN_PARENT, node); parent != 0; parent = Next(TVGN_PARENT, node)) {
-        node = parent;
-    }
-    return node;
-}
-
 std::optional<std::size_t> TreeControl::IndexOf(NodeId node) const {
     TVITEMW item{};
     item.mask = TVIF_PARAM | TVIF_HANDLE;
@@ -160,11 +106,6 @@ std::optional<std::size_t> TreeControl::IndexOf(NodeId node) const {
     }
     const auto index = static_cast<std::size_t>(item.lParam);
     return index < data_.size() ? std::optional(index) : std::nullopt;
-}
-
-TreeControl::Node* TreeControl::NodeOf(NodeId node) {
-    const auto index = IndexOf(node);
-    return index ? &data_[*index] : nullptr;
 }
 
 const TreeControl::Node* TreeControl::NodeOf(NodeId node) const {
@@ -215,22 +156,9 @@ void TreeControl::EnsureVisible(NodeId node) {
     SendMessageW(tree_, TVM_ENSUREVISIBLE, 0, std::bit_cast<LPARAM>(ItemOf(node)));
 }
 
-void TreeControl::Open(NodeId node) {
-    // Later: filling the node works off events, and the control must not be in the middle of one.
-    Node* data = NodeOf(node);
-    if (data == nullptr || std::exchange(data->queued, true)) {
-        return;
-    }
-    toOpen_.push_back(node);
-    OpenNext();
-}
-
 void TreeControl::Redraw(bool on) {
-    undrawn_ += on ? -1 : 1;
-    if (undrawn_ == (on ? 0 : 1)) {
-        SendMessageW(tree_, WM_SETREDRAW, on ? TRUE : FALSE, 0);
-    }
-    if (undrawn_ != 0) {
+    SendMessageW(tree_, WM_SETREDRAW, on ? TRUE : FALSE, 0);
+    if (!on) {
         return;
     }
     if (shown_) {
@@ -240,43 +168,43 @@ void TreeControl::Redraw(bool on) {
     }
 }
 
-void TreeControl::GiveImage(TVITEMW& item) {
-    const auto node = std::bit_cast<NodeId>(item.hItem);
-    item.iImage = kNoImage;
-    item.iSelectedImage = kNoImage;
+NodeId TreeControl::FirstWithoutImage() const {
+    // What is cut off at the lower edge is on the screen too.
+    LRESULT rows = SendMessageW(tree_, TVM_GETVISIBLECOUNT, 0, 0) + 1;
+    for (NodeId node = Next(TVGN_FIRSTVISIBLE, 0); node != 0 && rows > 0; --rows) {
+        if (const Node* data = NodeOf(node); data != nullptr && data->image == kNeverAsked) {
+            return node;
+        }
+        node = Next(TVGN_NEXTVISIBLE, node);
+    }
+    return 0;
+}
+
+bool TreeControl::GiveNextImage(const std::function<int(const std::wstring&)>& imageOf) {
+    const NodeId node = shown_ ? FirstWithoutImage() : 0;
+    const auto index = IndexOf(node);
+    if (!index) {
+        return false;
+    }
+    data_[*index].image = kNoImage;
+    const std::wstring path = data_[*index].iconPath.empty() ? data_[*index].key : data_[*index].iconPath;
+    const int image = imageOf(path);
+    if (image < 0 || *index >= data_.size()) { // the shell may have worked off an event that emptied the tree
+        return true;
+    }
+    data_[*index].image = image;
+    RECT row{};
+    std::memcpy(&row, &node,
+                sizeof node); // the message takes the node in the place where it puts the rectangle
+    if (SendMessageW(tree_, TVM_GETITEMRECT, FALSE, std::bit_cast<LPARAM>(&row)) != FALSE) {
+        InvalidateRect(tree_, &row, FALSE);
+    }
+    return true;
+}
+
+void TreeControl::TellImage(TVITEMW& item) const {
     const auto index = static_cast<std::size_t>(item.lParam);
-    if (index >= data_.size() || std::exchange(data_[index].asked, true)) {
-        return;
-    }
-    asked_.push_back(node);
-    const Node& data = data_[index];
-    const NodeId dropped =
-        loader_.Ask(node, data.iconPath.empty() ? data.key : data.iconPath, view_->IconFlags());
-    if (Node* former = NodeOf(dropped); former != nullptr) {
-        former->asked = false; // asks again when it is drawn again
-        InvalidateRect(tree_, nullptr, FALSE);
-    }
-}
-
-void TreeControl::SetImages(NodeId node, int image) {
-    TVITEMW item{};
-    item.mask = TVIF_HANDLE | TVIF_IMAGE | TVIF_SELECTEDIMAGE;
-    item.hItem = ItemOf(node);
-    item.iImage = image;
-    item.iSelectedImage = image;
-    SendMessageW(tree_, TVM_SETITEMW, 0, std::bit_cast<LPARAM>(&item));
-}
-
-void TreeControl::AskAgain(NodeId node) {
-    if (Node* data = NodeOf(node); data != nullptr) {
-        data->asked = false;
-        SetImages(node, I_IMAGECALLBACK);
-    }
-}
-
-void TreeControl::ShowIcons() {
-    for (const IconLoader::Answer& answer : loader_.TakeAnswers()) {
-        const int image = view_->ImageOf(answer.info);
-        SetImages(answer.node, image < 0 ? kNoImage : image);
-    }
+    const int image = index < data_.size() ? data_[index].image : kNoImage;
+    item.iImage = image < 0 ? kNoImage : image;
+    item.iSelectedImage = item.iImage;
 }

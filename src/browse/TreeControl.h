@@ -1,10 +1,8 @@
 #pragma once
 
-#include "browse/IconLoader.h"
 #include "browse/IconPicture.h"
 #include "browse/NodeImageList.h"
 #include "browse/TreeNodes.h"
-#include "ui/MessageWindow.h"
 
 #include <windows.h>
 
@@ -14,45 +12,44 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
-class CTreeView;
-
-/// A SysTreeView32 as the nodes of a CTreeView. A node's icon is asked for when the node is first drawn, and
-/// shown when the shell has answered.
+/// A SysTreeView32 as the nodes of a CTreeView, with what it still has to do when no event waits: nodes to open,
+/// and icons to ask for.
 class TreeControl final : public TreeNodes {
 public:
-    TreeControl(HWND tree, const ShellIcons& icons);
+    explicit TreeControl(HWND tree) : tree_(tree) {}
 
     /// As ShowWindow: a tree that is filled must not appear by itself.
     void Show(bool shown);
+    [[nodiscard]] bool IsShown() const { return shown_; }
     /// What a screen reader calls the tree.
     void SetName(const std::wstring& name) { SetWindowTextW(tree_, name.c_str()); }
 
-    /// Turns the shell's answers into images.
-    void SetView(CTreeView& view) { view_ = &view; }
-    /// Does something when the messages that wait now are worked off.
-    void RunLater(std::function<void()> action);
+    /// A node to be opened as soon as its folder is read.
+    void OpenLater(NodeId node) { toOpen_.push_back(node); }
+    /// The first of them, which is one no longer; 0 when there is none.
+    [[nodiscard]] NodeId TakeNextToOpen();
+    /// As a click on the node's mark does.
+    void Expand(NodeId node) const;
 
-    /// Fills a node that is to be opened; false keeps it closed.
-    void SetFill(std::function<bool(NodeId)> fill) { fill_ = std::move(fill); }
-    /// For square icons; all nodes ask again.
+    /// For square icons; all nodes have none again.
     void SetIconSize(int pixels);
     [[nodiscard]] NodeImageList& Images() { return images_; }
-
+    /// Gives an image to the first row on the screen that was never asked for one. `imageOf`: the image of a path,
+    /// negative for none. False when there is no such row.
+    bool GiveNextImage(const std::function<int(const std::wstring&)>& imageOf);
     /// TVN_GETDISPINFO.
-    void GiveImage(TVITEMW& item);
+    void TellImage(TVITEMW& item) const;
 
     /// Selects the root, as the control does by itself when the keyboard comes to a filled tree.
     void SelectForKeyboard();
 
-    /// The node's icon, as far as the shell has answered; null otherwise.
+    /// The node's icon; null when it has none, or none yet.
     [[nodiscard]] Icon IconOf(NodeId node) const;
 
     [[nodiscard]] NodeId Selected() const { return Next(TVGN_CARET, 0); }
-    /// The node's topmost ancestor, or itself.
-    [[nodiscard]] NodeId RootOf(NodeId node) const;
+    [[nodiscard]] bool IsRoot(NodeId node) const { return Next(TVGN_PARENT, node) == 0; }
 
     [[nodiscard]] WindowId Window() const override { return reinterpret_cast<WindowId>(tree_); }
     void AddStyle(std::uint32_t style) override;
@@ -67,7 +64,6 @@ public:
     [[nodiscard]] std::wstring Text(NodeId node) const override;
     [[nodiscard]] std::size_t Count() const override;
     void EnsureVisible(NodeId node) override;
-    void Open(NodeId node) override;
     void Redraw(bool on) override;
 
 private:
@@ -75,33 +71,21 @@ private:
         std::wstring key;
         std::wstring iconPath; ///< empty: the key's
         bool placeholder = false;
-        bool asked = false;  ///< for its icon
-        bool queued = false; ///< in toOpen_
+        int image = kNeverAsked;
     };
+    static constexpr int kNoImage = -2; // I_IMAGENONE
+    static constexpr int kNeverAsked = -1;
 
-    void OnMessage(UINT message);
     NodeId Insert(NodeId parent, Node data, const std::wstring& text);
     [[nodiscard]] NodeId Next(UINT which, NodeId node) const;
-    [[nodiscard]] Node* NodeOf(NodeId node);
     [[nodiscard]] const Node* NodeOf(NodeId node) const;
     [[nodiscard]] std::optional<std::size_t> IndexOf(NodeId node) const;
-    void SetImages(NodeId node, int image);
-    void AskAgain(NodeId node);
-    void OpenFirst();
-    void OpenNext();
-    void ShowIcons();
+    [[nodiscard]] NodeId FirstWithoutImage() const;
 
     HWND tree_;
-    CTreeView* view_ = nullptr;
     NodeImageList images_;
-    MessageWindow messages_;
     int iconSize_ = 0;
-    IconLoader loader_;
-    std::deque<Node> data_;     ///< the item's lParam is the index
-    std::vector<NodeId> asked_; ///< whose icons were asked for
-    std::function<bool(NodeId)> fill_;
-    std::function<void()> later_;
+    std::deque<Node> data_; ///< the item's lParam is the index
     std::deque<NodeId> toOpen_;
-    int undrawn_ = 0;
     bool shown_ = true;
 };

@@ -40,8 +40,6 @@ public:
     [[nodiscard]] virtual std::size_t Count() const = 0;
 
     virtual void EnsureVisible(NodeId node) = 0;
-    /// Opens the node, as a click on its mark does.
-    virtual void Open(NodeId node) = 0;
     /// Off: what is added shows only when drawing is on again.
     virtual void Redraw(bool on) = 0;
 };

@@ -7,10 +7,10 @@
 /// Drive types as Windows numbers them (GetDriveType).
 inline constexpr std::uint32_t kDriveRemovable = 2;
 inline constexpr std::uint32_t kDriveFixed = 3;
+inline constexpr std::uint32_t kDriveRemote = 4;
 inline constexpr std::uint32_t kDriveCdRom = 5;
 
-/// The computer's drives. Asking never raises a message box of the system, and never waits long for a drive
-/// without a medium.
+/// The computer's drives. Asking never raises a message box of the system.
 class Drives {
 public:
     virtual ~Drives() = default;

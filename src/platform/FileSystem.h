@@ -19,7 +19,7 @@ struct FoundFile {
     std::uint32_t attributes = 0;
 };
 
-/// Files and folders on disk. Called from several threads at once.
+/// Files and folders on disk.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;

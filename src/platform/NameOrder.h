@@ -1,13 +1,12 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-/// The order of a sorted list box (LBS_SORT): without regard to case, in the user's locale. Called from several
-/// threads at once.
+/// The order of a sorted list box (LBS_SORT): without regard to case, in the user's locale.
 class NameOrder {
 public:
     virtual ~NameOrder() = default;
 
-    virtual void Sort(std::vector<std::wstring>& names) const = 0;
+    /// Names stand in the order of their keys, compared byte by byte.
+    [[nodiscard]] virtual std::string SortKey(const std::wstring& name) const = 0;
 };

@@ -19,7 +19,7 @@ class ShellIcons {
 public:
     virtual ~ShellIcons() = default;
 
-    /// SHGetFileInfoA. Can take milliseconds, and seconds on a network path. Called from several threads.
+    /// SHGetFileInfoA. Can take milliseconds, and seconds on a network path.
     [[nodiscard]] virtual ShellFileInfo Query(const std::wstring& path, std::uint32_t flags) const = 0;
 };
 

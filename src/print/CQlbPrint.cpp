@@ -1,8 +1,8 @@
 #include "print/CQlbPrint.h"
 
-#include "settings/Pattern.h"
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
+#include "settings/StoreLayout.h"
 
 #include <algorithm>
 
@@ -72,9 +72,34 @@ std::vector<PlacedPage> ChosenPages(std::vector<PlacedPage> pages, const PrintJo
     return pages;
 }
 
-bool PrintLines(PrintDevice& device, const std::vector<PrintLine>& lines, const std::wstring& documentName,
-                const PrintJob& job) {
-    const std::vector<PlacedPage> pages = ChosenPages(LayOutPages(lines, device), job);
+} // namespace
+
+void CQlbPrint::ReadPrintData() {
+    const std::int32_t current = store_.IniGetInt(kProgramSection, L"CurrUser", 1, iniFileName_);
+    const std::wstring section = PatternSection(current);
+    const auto text = [&](const FieldMember& member, int button = 0, int program = 0) {
+        return store_.IniGetString(section, FieldOf(member).IniKey(button, program), L"", iniFileName_);
+    };
+    Clear();
+    SetPrintData({L"設定名　　　", kColon + text(&Pattern::UserName)});
+    SetPrintData({});
+    for (int button = 1; button <= kPrintedButtons; ++button) {
+        SetPrintData({L"ボタン" + FullWidth(button) + L"名称", kColon + text(&ButtonSlot::Name, button)});
+        SetPrintData({L"実行形態　　", kColon + MethodLabel(text(&ButtonSlot::Exec, button))});
+        const std::wstring count = FieldOf(&ButtonSlot::NumAP).IniKey(button);
+        const std::int32_t programs =
+            std::min(store_.IniGetInt(section, count, 0, iniFileName_), kMaxPrograms);
+        for (int program = 1; program <= programs; ++program) {
+            SetPrintData({L"起動ＡＰ" + FullWidth(program) + L"　",
+                          kColon + text(&ProgramEntry::AP, button, program)});
+        }
+        SetPrintData({});
+    }
+}
+
+bool CQlbPrint::QlbPrintOut(PrintDevice& device, const std::wstring& documentName, const PrintJob& job) {
+    ReadPrintData();
+    const std::vector<PlacedPage> pages = ChosenPages(LayOutPages(lines_, device), job);
     if (pages.empty()) {
         return true; // an empty sheet helps nobody
     }
@@ -86,36 +111,4 @@ bool PrintLines(PrintDevice& device, const std::vector<PrintLine>& lines, const 
     }
     device.Abort();
     return false;
-}
-
-} // namespace
-
-void CQlbPrint::ReadPrintData() {
-    const auto text = [this](const std::wstring& section, const std::wstring& key) {
-        return store_.IniGetString(section, key, L"", iniFileName_);
-    };
-    const std::int32_t current = store_.IniGetInt(kProgramSection, L"CurrUser", 1, iniFileName_);
-    const std::wstring section = PatternSection(current);
-    Clear();
-    SetPrintData({L"設定名　　　", kColon + text(section, L"UserName")});
-    SetPrintData({});
-    for (int button = 1; button <= kPrintedButtons; ++button) {
-        const std::wstring prefix = L"Btn" + DecimalText(button) + L"_";
-        SetPrintData({L"ボタン" + FullWidth(button) + L"名称", kColon + text(section, prefix + L"Name")});
-        SetPrintData({L"実行形態　　", kColon + MethodLabel(text(section, prefix + L"Exec"))});
-        const std::int32_t programs =
-            std::min(store_.IniGetInt(section, prefix + L"NumAP", 0, iniFileName_), kMaxPrograms);
-        for (int program = 1; program <= programs; ++program) {
-            SetPrintData({L"起動ＡＰ" + FullWidth(program) + L"　",
-                          kColon + text(section, prefix + L"AP" + DecimalText(program))});
-        }
-        SetPrintData({});
-    }
-}
-
-bool CQlbPrint::QlbPrintOut(const Printing& printing, const std::wstring& documentName, const PrintJob& job) {
-    ReadPrintData();
-    return printing([lines = lines_, documentName, job](PrintDevice& device) {
-        return PrintLines(device, lines, documentName, job);
-    });
 }

@@ -3,7 +3,6 @@
 #include "platform/PrintDevice.h"
 #include "print/PrintLayout.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,10 +15,6 @@ struct PrintJob {
     int copies = 1;
     bool collate = true; ///< copy by copy, not page by page
 };
-
-/// Gives the printout a printer to come out of. The drawing needs nothing but the device it is given, on any
-/// thread. False when nothing was printed.
-using Printing = std::function<bool(std::function<bool(PrintDevice&)> draw)>;
 
 /// Prints the current Pattern as it is stored. The labels are Japanese in every interface language.
 class CQlbPrint {
@@ -38,7 +33,7 @@ public:
 
     /// Reads, makes the lines and prints them. False when the printer failed or the user gave up; then
     /// no more comes out.
-    bool QlbPrintOut(const Printing& printing, const std::wstring& documentName, const PrintJob& job = {});
+    bool QlbPrintOut(PrintDevice& device, const std::wstring& documentName, const PrintJob& job = {});
 
 private:
     const RegIniFunc& store_;

@@ -9,8 +9,7 @@ namespace {
 
 constexpr WORD kMostPages = 99;
 constexpr DWORD kLongestPath = 32768;
-/// Ports that are a file of the user's choice. It is asked for here: their monitors would ask on the thread
-/// that prints, with no window to stand over.
+/// Ports that are a file of the user's choice. It is asked for here: not every system asks by itself.
 constexpr std::wstring_view kFilePort = L"FILE:";
 constexpr std::wstring_view kPromptingPort = L"PORTPROMPT:";
 
@@ -53,8 +52,8 @@ FileKind FileKindOf(const std::wstring& port, const std::wstring& device) {
 
 /// Empty when the user gives up.
 std::wstring AskForFile(HWND owner, const FileKind& kind) {
-    using SaveDialog = BOOL WINAPI(OPENFILENAMEW*);
-    static const auto kSaveDialog = SystemProcedure<SaveDialog>(L"comdlg32.dll", "GetSaveFileNameW");
+    static const auto kSaveDialog =
+        SystemProcedure<decltype(GetSaveFileNameW)>(L"comdlg32.dll", "GetSaveFileNameW");
     if (kSaveDialog == nullptr) {
         return {};
     }
@@ -75,8 +74,7 @@ std::wstring AskForFile(HWND owner, const FileKind& kind) {
 } // namespace
 
 std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner) {
-    using PrintDialog = BOOL WINAPI(PRINTDLGW*);
-    static const auto kPrintDialog = SystemProcedure<PrintDialog>(L"comdlg32.dll", "PrintDlgW");
+    static const auto kPrintDialog = SystemProcedure<decltype(PrintDlgW)>(L"comdlg32.dll", "PrintDlgW");
     if (kPrintDialog == nullptr) {
         return std::nullopt;
     }
@@ -125,8 +123,8 @@ std::wstring PrinterChoice::NameAt(WORD DEVNAMES::*offset) const {
 }
 
 void PrinterChoice::LeaveCopiesToDriver() {
-    using Capabilities = int WINAPI(LPCWSTR, LPCWSTR, WORD, LPWSTR, const DEVMODEW*);
-    static const auto kCapabilities = SystemProcedure<Capabilities>(L"winspool.drv", "DeviceCapabilitiesW");
+    static const auto kCapabilities =
+        SystemProcedure<decltype(DeviceCapabilitiesW)>(L"winspool.drv", "DeviceCapabilitiesW");
     const LockedMemory<DEVMODEW> mode(mode_.get());
     if (job_.copies <= 1 || kCapabilities == nullptr || mode.Get() == nullptr) {
         return;

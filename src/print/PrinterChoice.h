@@ -1,22 +1,17 @@
 #pragma once
 
+#include "platform/windows/Handles.h"
 #include "print/CQlbPrint.h"
-#include "ui/Handles.h"
 
 #include <windows.h>
 
 #include <commdlg.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 
-struct GlobalMemoryDeleter {
-    using pointer = HGLOBAL;
-    void operator()(HGLOBAL memory) const { GlobalFree(memory); }
-};
-/// Owner of what the common dialogs hand out.
-using GlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
+/// What the common dialogs hand out.
+using GlobalMemory = Owned<HGLOBAL, GlobalFree>;
 
 /// A printer as chosen in the system's dialog, not yet opened.
 class PrinterChoice {

@@ -1,8 +1,6 @@
 #include "print/PrintingForm.h"
 
 #include "app/StringTable.h"
-#include "platform/windows/KernelHandle.h"
-#include "platform/windows/Worker.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
 #include "settings/StdModule.h"
@@ -10,43 +8,20 @@
 
 #include <commctrl.h>
 
-#include <utility>
-
-namespace {
-
-constexpr UINT kPrinted = WM_APP + 1;
-constexpr UINT_PTR kTimer = 1;
-constexpr UINT kTimerMs = 250;
-/// How long a printer that was given up has for an orderly end.
-constexpr DWORD kLettingGoMs = 3000;
-
-} // namespace
-
-PrintingForm::PrintingForm(HWND owner, const StringTable& texts) : texts_(texts) {
-    CreateHidden(owner, Globals().DialogFontName);
+PrintingForm::PrintingForm(Form& owner, const StringTable& texts) : ModalForm(&owner), texts_(texts) {
+    CreateHidden(Globals().DialogFontName);
 }
 
-bool PrintingForm::Run(std::function<void()> print) {
-    const auto ended = std::make_shared<KernelHandle>(CreateEventW(nullptr, TRUE, FALSE, nullptr));
-    const auto shared = std::make_shared<std::function<void()>>(std::move(print));
-    const HWND window = Window();
-    if (window == nullptr || !*ended || !StartWorker([shared, window, ended] {
-            (*shared)();
-            SetEvent(ended->get());
-            PostMessageW(window, kPrinted, 0, 0);
-        })) {
-        return false;
-    }
-    ended_ = ended->get();
-    SetTimer(window, kTimer, kTimerMs, nullptr); // should the message above get lost
-    RunModal();
-    Close();
-    if (WaitForSingleObject(ended_, 0) != WAIT_OBJECT_0 && !*givenUp_) {
-        // The program ends before the printer.
-        *givenUp_ = true;
-        WaitForSingleObject(ended_, kLettingGoMs);
-    }
-    return WaitForSingleObject(ended_, 0) == WAIT_OBJECT_0;
+void PrintingForm::ShowWhile(const std::function<void()>& print) {
+    ModalForm::ShowWhile([&] {
+        if (GoOn()) { // the window is drawn before the printer takes its time
+            print();
+        }
+    });
+}
+
+bool PrintingForm::GoOn() {
+    return pump_.Process() && !givenUp_;
 }
 
 void PrintingForm::OnCreate() {
@@ -76,27 +51,7 @@ void PrintingForm::OnCommand(int id, int /*notification*/) {
 }
 
 void PrintingForm::OnClose() {
-    if (std::exchange(cancelled_, true)) {
-        return;
-    }
-    // The window stays until the printer has let go.
-    *givenUp_ = true;
-    givenUpAt_ = GetTickCount64();
+    givenUp_ = true; // the window stays until the printer has let go
     SetFocus(Window());
     EnableWindow(Control(IDC_cmdCancel), FALSE);
-}
-
-void PrintingForm::OnTimer() {
-    const bool ended = WaitForSingleObject(ended_, 0) == WAIT_OBJECT_0;
-    const bool waitedEnough = cancelled_ && GetTickCount64() - givenUpAt_ >= kLettingGoMs;
-    if (ended || waitedEnough) {
-        EndModal();
-    }
-}
-
-bool PrintingForm::OnPrivateMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
-    if (message == kPrinted) {
-        OnTimer();
-    }
-    return message == kPrinted;
 }

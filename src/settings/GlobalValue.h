@@ -4,8 +4,6 @@
 
 #include <string>
 
-class StringSource;
-
 /// The process-wide values: all the state that is not owned by a form.
 struct GlobalValue {
     static constexpr int kResourceBase = 3000;
@@ -21,6 +19,3 @@ struct GlobalValue {
 };
 
 [[nodiscard]] GlobalValue& Globals();
-
-/// Sets the values that stand at the program's start, the names from the string table.
-void ResetGlobals(const StringSource& strings);

@@ -3,17 +3,28 @@
 #include "settings/FaceMatcher.h"
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
+#include "settings/StoreLayout.h"
 
 #include <limits>
 
 namespace {
 
-constexpr const wchar_t* kSection = L"ONSCREEN";
 constexpr std::int32_t kGreen = 0xFF00;
 constexpr std::int64_t kHexBase = 16;
 
-std::uint8_t StepOr(const std::wstring& text, std::int32_t min, std::int32_t max, std::uint8_t fallback) {
-    return static_cast<std::uint8_t>(NumberInRangeOr(text, min, max, fallback));
+/// `read`: the text of an entry, or the second argument.
+template <class Read>
+OnScreenSettings ReadEntries(Read read, const FaceMatcher& fonts, const OnScreenSettings& defaults) {
+    const auto step = [&](const wchar_t* key, std::int32_t min, std::int32_t max, std::uint8_t fallback) {
+        return static_cast<std::uint8_t>(
+            NumberInRangeOr(read(key, DecimalText(fallback)), min, max, fallback));
+    };
+    OnScreenSettings settings;
+    settings.OnScreen = step(L"OnScreen", 0, 1, defaults.OnScreen);
+    settings.FontName = fonts.MatchInstalledFont(read(L"FontName", defaults.FontName));
+    settings.FontSize = step(L"FontSize", kSmallestFontStep, kLargestFontStep, defaults.FontSize);
+    settings.Color = NumberFromText(read(L"Color", DecimalText(defaults.Color))).value_or(defaults.Color);
+    return settings;
 }
 
 } // namespace
@@ -35,42 +46,30 @@ std::int32_t ColorFromDecimalDigits(std::int32_t stored) {
 }
 
 OnScreenSettings LoadDefaultOnScreen(const RegIniFunc& store, const FaceMatcher& fonts) {
-    const std::wstring path = std::wstring(kProductKey) + L"\\Default\\OnScreen";
-    const auto number = [&](const wchar_t* name) {
-        return store.RegGetDword(RegistryHive::LocalMachine, path, name);
+    const auto read = [&](const wchar_t* key, const std::wstring& /*fallback*/) {
+        RegistryPlace place = *TranslateIniName(kOnScreenSection, key, kDefaultKey);
+        if (store.IniFileExist) {
+            place.name = key;
+        }
+        return store.RegGetText(RegistryHive::LocalMachine, place);
     };
-    const bool ini = store.IniFileExist;
-    OnScreenSettings settings;
-    settings.OnScreen = StepOr(DecimalText(number(L"OnScreen")), 0, 1, 1);
-    settings.FontName = fonts.MatchInstalledFont(
-        store.RegGetString(RegistryHive::LocalMachine, path, ini ? L"FontName" : L"FontFace"));
-    settings.FontSize = StepOr(DecimalText(number(ini ? L"FontSize" : L"Size")), kSmallestFontStep,
-                               kLargestFontStep, kStandardFontStep);
-    settings.Color = ColorFromDecimalDigits(number(L"Color"));
+    OnScreenSettings settings = ReadEntries(read, fonts, OnScreenSettings{});
+    settings.Color = ColorFromDecimalDigits(settings.Color);
     return settings;
 }
 
 OnScreenSettings LoadOnScreen(const RegIniFunc& store, const FaceMatcher& fonts,
                               const OnScreenSettings& defaults) {
     const auto read = [&](const wchar_t* key, const std::wstring& fallback) {
-        return store.IniGetString(kSection, key, fallback, store.OwnIniFile());
+        return store.IniGetString(kOnScreenSection, key, fallback, store.OwnIniFile());
     };
-    const auto readNumber = [&](const wchar_t* key, std::int32_t fallback) {
-        return read(key, DecimalText(fallback));
-    };
-    OnScreenSettings settings;
-    settings.OnScreen = StepOr(readNumber(L"OnScreen", defaults.OnScreen), 0, 1, defaults.OnScreen);
-    settings.FontName = fonts.MatchInstalledFont(read(L"FontName", defaults.FontName));
-    settings.FontSize = StepOr(readNumber(L"FontSize", defaults.FontSize), kSmallestFontStep,
-                               kLargestFontStep, defaults.FontSize);
-    settings.Color = NumberFromText(readNumber(L"Color", defaults.Color)).value_or(defaults.Color);
-    return settings;
+    return ReadEntries(read, fonts, defaults);
 }
 
 void SaveOnScreen(RegIniFunc& store, const OnScreenSettings& settings) {
     const auto write = [&](const wchar_t* key, const std::wstring& text) {
         // A refused write is the user's own permission problem; the Windows dialogs of this kind stay silent.
-        store.IniSetString(kSection, key, text, store.OwnIniFile());
+        store.IniSetString(kOnScreenSection, key, text, store.OwnIniFile());
     };
     write(L"OnScreen", DecimalText(settings.OnScreen));
     write(L"FontName", settings.FontName);

@@ -9,7 +9,9 @@ bool SlotsEqual(const ButtonSlot& a, const ButtonSlot& b) {
         return false;
     }
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        if (!EqualsIgnoreCase(a.AP(k), b.AP(k)) || !EqualsIgnoreCase(a.Param(k), b.Param(k))) {
+        const ProgramEntry& one = a.Program(k);
+        const ProgramEntry& other = b.Program(k);
+        if (!EqualsIgnoreCase(one.AP, other.AP) || !EqualsIgnoreCase(one.Param, other.Param)) {
             return false;
         }
     }

@@ -42,14 +42,21 @@ enum class LaunchMethod {
 /// One letter, in either case: "M", "K", "S", "P".
 [[nodiscard]] LaunchMethod LaunchMethodFromText(std::wstring_view exec);
 
+/// One program of a button.
+struct ProgramEntry {
+    std::wstring AP;    ///< command; for "K" a key code as decimal text
+    std::wstring Param; ///< parameters of the command
+    std::wstring Title; ///< empty means "shown by its command"
+
+    bool operator==(const ProgramEntry&) const = default;
+};
+
 /// What one button does. Field names are those of the store's layout.
 struct ButtonSlot {
     std::wstring Name;      ///< display name, shown on screen when the button is pressed
     std::wstring Exec;      ///< launch method letter
     std::int16_t NumAP = 0; ///< number of registered programs, 0...5
-    NumberedFrom1<std::wstring, kMaxPrograms> AP;    ///< commands; for "K" a key code as decimal text
-    NumberedFrom1<std::wstring, kMaxPrograms> Param; ///< parameters of the commands
-    NumberedFrom1<std::wstring, kMaxPrograms> Title; ///< titles; empty means "shown by its command"
+    NumberedFrom1<ProgramEntry, kMaxPrograms> Program;
 
     bool operator==(const ButtonSlot&) const = default;
 };

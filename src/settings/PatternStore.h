@@ -3,7 +3,9 @@
 #include "settings/Pattern.h"
 
 #include <string>
+#include <vector>
 
+struct PatternEntry;
 class RegIniFunc;
 
 /// Loads and saves Patterns. A button whose storage the maker moved ("ConvAppKey") reads and writes the other
@@ -20,8 +22,8 @@ public:
     /// Section "USER" + number (1...10); what is missing comes from `defaults`.
     [[nodiscard]] Pattern LoadPattern(int number, const Pattern& defaults) const;
 
-    /// An empty button name becomes a single blank, in the record too. False when the store refused any of it.
-    bool SavePattern(int number, Pattern& pattern);
+    /// An empty button name becomes a single blank, in the record too.
+    void SavePattern(int number, Pattern& pattern);
 
     /// "UserName" of the section; the default Pattern's name when it is missing.
     [[nodiscard]] std::wstring LoadPatternName(int number, const Pattern& defaults) const;
@@ -30,11 +32,10 @@ public:
     /// is another button that exists, else its own.
     [[nodiscard]] int StorageSlot(int button) const { return storageSlots_(button); }
 
-private:
-    [[nodiscard]] ButtonSlot LoadSlot(const std::wstring& section, int button,
-                                      const ButtonSlot& fallback) const;
-    bool SaveSlot(const std::wstring& section, int button, ButtonSlot& slot);
+    /// All entries of a Pattern, in the order in which they are read and written.
+    [[nodiscard]] std::vector<PatternEntry> Entries() const;
 
+private:
     RegIniFunc& store_;
     int buttonCount_;
     NumberedFrom1<int, kMaxButtons> storageSlots_;

@@ -1,8 +1,8 @@
 #include "settings/RegIniFunc.h"
 
-#include "settings/IniTranslation.h"
 #include "settings/Pattern.h"
 #include "settings/StdModule.h"
+#include "settings/StoreLayout.h"
 
 #include <cstring>
 #include <utility>
@@ -41,10 +41,10 @@ std::int32_t RegIniFunc::RegGetDword(RegistryHive hive, const std::wstring& path
                                      std::int32_t fallback) const {
     const auto value = registry_.Query(hive, path, name);
     std::int32_t number = 0;
-    if (!value || value->bytes.size() != sizeof number) {
+    if (!value || value->bytes.size() > sizeof number) {
         return fallback;
     }
-    std::memcpy(&number, value->bytes.data(), sizeof number);
+    std::memcpy(&number, value->bytes.data(), value->bytes.size());
     return number;
 }
 
@@ -58,6 +58,14 @@ std::wstring RegIniFunc::RegGetString(RegistryHive hive, const std::wstring& pat
     const std::string_view text = bytes.substr(0, bytes.find('\0'));
     return CutToBytes(ansiText_, ansiText_.Decode(text.substr(0, kLongestRegistryText + kSpareBytes)),
                       kLongestRegistryText);
+}
+
+std::wstring RegIniFunc::RegGetText(RegistryHive hive, const RegistryPlace& place,
+                                    const std::wstring& fallback) const {
+    if (!place.isNumber) {
+        return RegGetString(hive, place.path, place.name, fallback);
+    }
+    return DecimalText(RegGetDword(hive, place.path, place.name, NumberFromText(fallback).value_or(0)));
 }
 
 bool RegIniFunc::RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
@@ -89,16 +97,7 @@ std::wstring RegIniFunc::IniGetString(const std::wstring& section, const std::ws
         return CutToBytes(ansiText_, CutAtNul(text), kLongestProfileText);
     }
     const auto place = TranslateIniName(section, key);
-    if (!place) {
-        return {};
-    }
-    if (!place->isNumber) {
-        return RegGetString(RegistryHive::CurrentUser, place->path, place->name, fallback);
-    }
-    const auto fallbackNumber = NumberFromText(fallback);
-    const std::int32_t number =
-        RegGetDword(RegistryHive::CurrentUser, place->path, place->name, fallbackNumber.value_or(0));
-    return DecimalText(number);
+    return place ? RegGetText(RegistryHive::CurrentUser, *place, fallback) : std::wstring();
 }
 
 std::int32_t RegIniFunc::IniGetInt(const std::wstring& section, const std::wstring& key,
@@ -130,13 +129,12 @@ bool RegIniFunc::IniDeleteSection(const std::wstring& section, const std::wstrin
         return profileFiles_.DeleteSection(section, file);
     }
     // Only a Pattern has a key of its own; the other sections share theirs with what is not ours to remove.
-    for (int number = 1; number <= kMaxPatterns; ++number) {
-        if (EqualsIgnoreCase(section, PatternSection(number))) {
-            return registry_.DeleteKey(RegistryHive::CurrentUser,
-                                       TranslateIniName(section, L"UserName")->path);
-        }
+    constexpr std::size_t kNumberPos = 4;
+    const std::int32_t number = section.size() > kNumberPos ? LeadingNumber(section.substr(kNumberPos)) : 0;
+    if (number < 1 || !EqualsIgnoreCase(section, PatternSection(number))) {
+        return false;
     }
-    return false;
+    return registry_.DeleteKey(RegistryHive::CurrentUser, TranslateIniName(section, L"UserName")->path);
 }
 
 std::wstring RegIniFunc::AsStored(const std::wstring& text) const {

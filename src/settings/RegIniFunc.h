@@ -8,14 +8,19 @@
 #include <string>
 #include <string_view>
 
+struct RegistryPlace;
+
 /// The product's key, under HKEY_LOCAL_MACHINE (the maker's values, read only) and HKEY_CURRENT_USER.
 inline constexpr const wchar_t* kProductKey = L"Software\\Korvo\\KORVOQLB";
 /// The maker's switches of this program, under HKEY_LOCAL_MACHINE.
 inline constexpr const wchar_t* kUtilityKey = L"Software\\Korvo\\KORVOQLB\\UTLSetting";
+/// The maker's defaults, under HKEY_LOCAL_MACHINE.
+inline constexpr const wchar_t* kDefaultKey = L"Software\\Korvo\\KORVOQLB\\Default";
 
 /// Section of the program's own numbers in the ini-style layer.
 inline constexpr const wchar_t* kProgramSection = L"KORVOQLB";
-/// Section of Pattern `number`, 1...10.
+inline constexpr const wchar_t* kOnScreenSection = L"ONSCREEN";
+/// Section of Pattern `number`, from 1 on.
 [[nodiscard]] std::wstring PatternSection(int number);
 
 /// The settings store: a raw registry layer, and an ini-style layer that reaches either an ini file or the
@@ -29,8 +34,8 @@ public:
     /// HKLM "QLBINI": true sends the own ini file's calls to the file itself. Set once at start-up.
     bool IniFileExist = false;
 
-    /// Four bytes of any type, as a signed number; `fallback` when the key or value is missing or the data is
-    /// not four bytes long.
+    /// Up to four bytes of any type, as a signed number: fewer are its low bytes. `fallback` when the key or
+    /// value is missing or the data is longer.
     [[nodiscard]] std::int32_t RegGetDword(RegistryHive hive, const std::wstring& path,
                                            const std::wstring& name, std::int32_t fallback = 0) const;
     /// The data as text up to its first NUL, at most 2048 ANSI bytes; longer text is cut between characters.
@@ -38,6 +43,9 @@ public:
     [[nodiscard]] std::wstring RegGetString(RegistryHive hive, const std::wstring& path,
                                             const std::wstring& name,
                                             const std::wstring& fallback = {}) const;
+    /// Text, or a number as decimal text: where the value has no number, the one that `fallback` is, or 0.
+    [[nodiscard]] std::wstring RegGetText(RegistryHive hive, const RegistryPlace& place,
+                                          const std::wstring& fallback = {}) const;
     /// REG_DWORD. False when the system refuses.
     bool RegSetDword(RegistryHive hive, const std::wstring& path, const std::wstring& name,
                      std::int32_t value);

@@ -43,58 +43,6 @@ ScannedNumber ScanNumber(std::wstring_view text) {
     return result;
 }
 
-/// Pairs of neighbouring code points (upper even or odd) make up most of the extended Latin and Cyrillic
-/// blocks.
-wchar_t FoldPair(wchar_t c, bool upperIsOdd) {
-    const bool odd = (static_cast<std::uint32_t>(c) & 1U) != 0;
-    return odd == upperIsOdd ? static_cast<wchar_t>(c + 1) : c;
-}
-
-bool Within(wchar_t c, wchar_t first, wchar_t last) {
-    return c >= first && c <= last;
-}
-
-wchar_t FoldedCharacter(wchar_t c) {
-    if (c < 0x80) {
-        return Within(c, L'A', L'Z') ? static_cast<wchar_t>(c + 0x20) : c;
-    }
-    if (Within(c, 0xC0, 0xDE) && c != 0xD7) {
-        return static_cast<wchar_t>(c + 0x20);
-    }
-    if (Within(c, 0x100, 0x137) && c != 0x130 && c != 0x131) {
-        return FoldPair(c, false);
-    }
-    if (Within(c, 0x139, 0x148) || Within(c, 0x179, 0x17E)) {
-        return FoldPair(c, true);
-    }
-    if (Within(c, 0x14A, 0x177)) {
-        return FoldPair(c, false);
-    }
-    if (c == 0x178) {
-        return 0xFF;
-    }
-    if (Within(c, 0x391, 0x3AB) && c != 0x3A2) {
-        return static_cast<wchar_t>(c + 0x20);
-    }
-    if (Within(c, 0x400, 0x40F)) {
-        return static_cast<wchar_t>(c + 0x50);
-    }
-    if (Within(c, 0x410, 0x42F)) {
-        return static_cast<wchar_t>(c + 0x20);
-    }
-    if (Within(c, 0x460, 0x481) || Within(c, 0x48A, 0x4BF)) {
-        return FoldPair(c, false);
-    }
-    if (Within(c, 0xFF21, 0xFF3A)) {
-        return static_cast<wchar_t>(c + 0x20);
-    }
-    return c;
-}
-
-bool SameFolded(wchar_t a, wchar_t b) {
-    return FoldedCharacter(a) == FoldedCharacter(b);
-}
-
 constexpr std::uint32_t kReplacement = 0xFFFD;
 
 struct Utf8Character {
@@ -217,22 +165,13 @@ std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int3
     return IsNumericInRange(text, min, max) ? *NumberFromText(text) : fallback;
 }
 
-std::wstring FoldCase(std::wstring_view text) {
-    std::wstring folded(text);
-    std::transform(folded.begin(), folded.end(), folded.begin(), FoldedCharacter);
-    return folded;
-}
-
-bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameFolded);
-}
-
 std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part) {
-    const auto found = std::search(text.begin(), text.end(), part.begin(), part.end(), SameFolded);
-    if (found == text.end() && !part.empty()) {
-        return std::wstring_view::npos;
+    for (std::size_t pos = 0; pos + part.size() <= text.size(); ++pos) {
+        if (EqualsIgnoreCase(text.substr(pos, part.size()), part)) {
+            return pos;
+        }
     }
-    return static_cast<std::size_t>(found - text.begin());
+    return std::wstring_view::npos;
 }
 
 std::wstring FromUtf8(std::string_view bytes) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/TextCase.h"
+
 #include <concepts>
 #include <cstdint>
 #include <optional>
@@ -49,14 +51,18 @@ requires(!std::same_as<Number, std::int64_t>) [[nodiscard]] std::wstring Decimal
 [[nodiscard]] std::int32_t NumberInRangeOr(std::wstring_view text, std::int32_t min, std::int32_t max,
                                            std::int32_t fallback);
 
-/// Upper and lower case count as the same, in the alphabets that have cases (Latin, Greek, Cyrillic and their
-/// full-width forms). Independent of the locale, so that every system gives the same answer.
-[[nodiscard]] bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b);
+/// Upper and lower case are the same, here and below, as the system takes them for file names.
+[[nodiscard]] inline bool EqualsIgnoreCase(std::wstring_view a, std::wstring_view b) {
+    return CompareIgnoreCase(a, b) == 0;
+}
 
-/// Texts that are equal without regard to case are equal after this.
-[[nodiscard]] std::wstring FoldCase(std::wstring_view text);
+struct LessIgnoreCase {
+    [[nodiscard]] bool operator()(std::wstring_view a, std::wstring_view b) const {
+        return CompareIgnoreCase(a, b) < 0;
+    }
+};
 
-/// 0-based position of `part` in `text` without regard to case; std::wstring_view::npos when absent.
+/// 0-based position of `part` in `text`; std::wstring_view::npos when absent.
 [[nodiscard]] std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part);
 
 [[nodiscard]] inline bool ContainsIgnoreCase(std::wstring_view text, std::wstring_view part) {

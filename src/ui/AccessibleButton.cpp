@@ -21,15 +21,15 @@ constexpr IID kDispatch{0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 constexpr IID kAccessible{0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0, 0xAA, 0, 0x38, 0x9B, 0x71}};
 
 BSTR AllocateText(std::wstring_view text) {
-    using Allocate = BSTR WINAPI(const OLECHAR*, UINT);
-    static const auto kAllocate = SystemProcedure<Allocate>(L"oleaut32.dll", "SysAllocStringLen");
+    static const auto kAllocate =
+        SystemProcedure<decltype(SysAllocStringLen)>(L"oleaut32.dll", "SysAllocStringLen");
     return kAllocate == nullptr ? nullptr : kAllocate(text.data(), static_cast<UINT>(text.size()));
 }
 
 /// What the system itself says of the button.
 ComObject<IAccessible> StandardObject(HWND button) {
-    using CreateObject = HRESULT WINAPI(HWND, LONG, REFIID, void**);
-    static const auto kCreate = SystemProcedure<CreateObject>(kLibrary, "CreateStdAccessibleObject");
+    static const auto kCreate =
+        SystemProcedure<decltype(CreateStdAccessibleObject)>(kLibrary, "CreateStdAccessibleObject");
     void* object = nullptr;
     if (kCreate == nullptr || FAILED(kCreate(button, OBJID_CLIENT, kAccessible, &object))) {
         return nullptr;
@@ -85,9 +85,8 @@ public:
         const HRESULT result = standard_->get_accState(child, state);
         if (SUCCEEDED(result) && state->vt == VT_I4) {
             const LRESULT look = SendMessageW(button_, BM_GETSTATE, 0, 0);
-            const LRESULT kind = SendMessageW(button_, WM_GETDLGCODE, 0, 0);
             state->lVal |= (look & BST_PUSHED) != 0 ? STATE_SYSTEM_PRESSED : 0;
-            state->lVal |= (kind & DLGC_DEFPUSHBUTTON) != 0 ? STATE_SYSTEM_DEFAULT : 0;
+            state->lVal |= (state->lVal & STATE_SYSTEM_FOCUSED) != 0 ? STATE_SYSTEM_DEFAULT : 0;
         }
         return result;
     }
@@ -195,12 +194,12 @@ private:
 
 LRESULT AnswerScreenReader(HWND button, WPARAM wParam, LPARAM lParam,
                            std::wstring (*descriptionOf)(HWND button)) {
-    using ToLresult = LRESULT WINAPI(REFIID, WPARAM, IUnknown*);
     if (static_cast<LONG>(lParam) != OBJID_CLIENT) {
         return 0;
     }
     EnterComApartment();
-    static const auto kToLresult = SystemProcedure<ToLresult>(kLibrary, "LresultFromObject");
+    static const auto kToLresult =
+        SystemProcedure<decltype(LresultFromObject)>(kLibrary, "LresultFromObject");
     auto standard = StandardObject(button);
     if (kToLresult == nullptr || !standard) {
         return 0;

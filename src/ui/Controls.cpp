@@ -1,8 +1,24 @@
 #include "ui/Controls.h"
 
+#include "platform/windows/Handles.h"
+
 #include <commctrl.h>
 
+#include <array>
 #include <bit>
+
+namespace {
+
+/// The line of text, a pixel above it, where the system puts one, and below it, and the edges.
+int BoxHeight(HWND edit) {
+    const MemoryDc hdc(CreateCompatibleDC(nullptr));
+    const Selected selected(hdc.get(), std::bit_cast<HFONT>(SendMessageW(edit, WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(hdc.get(), &metrics);
+    return metrics.tmHeight + 2 * (GetSystemMetrics(SM_CYEDGE) + 1);
+}
+
+} // namespace
 
 std::wstring TextOf(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -20,6 +36,34 @@ void SetTextIfOther(HWND window, const std::wstring& text) {
     }
 }
 
+bool HasOwnHeight(std::wstring_view windowClass) {
+    return windowClass == WC_EDITW || windowClass == WC_COMBOBOXW;
+}
+
+void PlaceInRow(HWND control, const RECT& row) {
+    constexpr int kDroppedRows = 10;
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+    const int rowHeight = row.bottom - row.top;
+    const auto place = [&](int top, int height, UINT flags = 0) {
+        SetWindowPos(control, nullptr, row.left, top, row.right - row.left, height,
+                     SWP_NOZORDER | SWP_NOACTIVATE | flags);
+    };
+    const auto centred = [&](int height) { return row.top + (rowHeight - height) / 2; };
+    if (name.data() == std::wstring_view(WC_EDITW)) {
+        const int height = BoxHeight(control);
+        place(centred(height), height);
+    } else if (name.data() == std::wstring_view(WC_COMBOBOXW)) {
+        place(row.top,
+              kDroppedRows * rowHeight); // with its open list; closed, it is as high as the system wants
+        RECT closed{};
+        GetWindowRect(control, &closed);
+        place(centred(closed.bottom - closed.top), 0, SWP_NOSIZE);
+    } else {
+        place(row.top, rowHeight);
+    }
+}
+
 void AddTab(HWND tabControl, std::wstring caption) {
     TCITEMW item{};
     item.mask = TCIF_TEXT;
@@ -28,11 +72,8 @@ void AddTab(HWND tabControl, std::wstring caption) {
     SendMessageW(tabControl, TCM_INSERTITEMW, static_cast<WPARAM>(count), std::bit_cast<LPARAM>(&item));
 }
 
-void ComboAdd(HWND combo, const std::wstring& text, LPARAM data) {
-    const LRESULT index = SendMessageW(combo, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str()));
-    if (index >= 0) {
-        SendMessageW(combo, CB_SETITEMDATA, static_cast<WPARAM>(index), data);
-    }
+void ComboAdd(HWND combo, const std::wstring& text) {
+    SendMessageW(combo, CB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str()));
 }
 
 int ComboSelection(HWND combo) {
@@ -41,10 +82,6 @@ int ComboSelection(HWND combo) {
 
 void ComboSelect(HWND combo, int index) {
     SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-}
-
-LPARAM ComboData(HWND combo, int index) {
-    return SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0);
 }
 
 ComboEvent ComboEventOf(HWND combo, int notification) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Handles.h"
+#include "platform/windows/Handles.h"
 
 #include <string>
 

@@ -8,10 +8,9 @@ int Scaled(int pixels, UINT dpi) {
 
 void DisableSystemScaling(HWND dialog) {
     // Windows has the call from 10 version 1703 on; older ones do not stretch.
-    constexpr int kDisableAll = 1;
     static const auto setBehavior =
-        SystemProcedure<BOOL WINAPI(HWND, int, int)>(L"user32.dll", "SetDialogDpiChangeBehavior");
+        SystemProcedure<decltype(SetDialogDpiChangeBehavior)>(L"user32.dll", "SetDialogDpiChangeBehavior");
     if (setBehavior != nullptr) {
-        setBehavior(dialog, kDisableAll, kDisableAll);
+        setBehavior(dialog, DDC_DISABLE_ALL, DDC_DISABLE_ALL);
     }
 }

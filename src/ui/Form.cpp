@@ -1,8 +1,10 @@
 #include "ui/Form.h"
 
+#include "app/FormClass.h"
 #include "resources/resource.h"
+#include "ui/Controls.h"
 #include "ui/Dpi.h"
-#include "ui/FormClass.h"
+#include "ui/FormScroll.h"
 #include "ui/Theme.h"
 
 #include <windowsx.h>
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <bit>
 #include <cassert>
+#include <utility>
 
 namespace {
 
@@ -39,6 +42,13 @@ BOOL CALLBACK ForwardColorChange(HWND control, LPARAM /*unused*/) noexcept {
     return TRUE;
 }
 
+RECT WorkArea(HMONITOR monitor) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(monitor, &info);
+    return info.rcWork;
+}
+
 Form* FormOf(HWND window) {
     return std::bit_cast<Form*>(GetWindowLongPtrW(window, DWLP_USER));
 }
@@ -46,10 +56,32 @@ Form* FormOf(HWND window) {
 } // namespace
 
 Form::~Form() {
-    if (window_ != nullptr) {
-        // The derived part is gone: its window's last messages must not look for it.
-        SetWindowLongPtrW(window_, DWLP_USER, 0);
-        DestroyWindow(window_);
+    Unload();
+}
+
+void Form::Unload() {
+    const HWND window = std::exchange(window_, nullptr);
+    if (window == nullptr) {
+        return;
+    }
+    // The derived part may be gone: the window's last messages must not look for it.
+    SetWindowLongPtrW(window, DWLP_USER, 0);
+    if (owner_ == nullptr || owner_->window_ == nullptr) {
+        DestroyWindow(window);
+        return;
+    }
+    // A window manager that is handing the keyboard to this window while it goes would hand it to nobody. As long
+    // as there is a window, even a hidden one, the system passes it on.
+    HWND child = GetWindow(window, GW_CHILD);
+    while (child != nullptr && DestroyWindow(child) != FALSE) { // not one that another program put there
+        child = GetWindow(window, GW_CHILD);
+    }
+    if (GetCapture() == window) {
+        ReleaseCapture();
+    }
+    SetWindowTextW(window, L"");
+    if (const HWND former = std::exchange(owner_->formerFrame_, window); former != nullptr) {
+        DestroyWindow(former);
     }
 }
 
@@ -59,11 +91,10 @@ HWND Form::Control(int id) const {
     return found == controls_.end() ? nullptr : found->second;
 }
 
-bool Form::CreateHidden(HWND owner, const std::wstring& fontName) {
-    owner_ = owner;
+bool Form::CreateHidden(const std::wstring& fontName) {
     fontName_ = fontName;
-    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), owner, FormProc,
-                                                     std::bit_cast<LPARAM>(this)) != nullptr;
+    return RegisterFormClass() && CreateDialogParamW(Instance(), MAKEINTRESOURCEW(IDD_FORM), OwnerWindow(),
+                                                     FormProc, std::bit_cast<LPARAM>(this)) != nullptr;
 }
 
 bool Form::HandleDialogMessage(MSG& message) {
@@ -75,7 +106,7 @@ bool Form::HandleDialogMessage(MSG& message) {
         return true;
     }
     if (ours && message.message == WM_MOUSEWHEEL && OnMouseWheel(message.hwnd)) {
-        return true;
+        return ScrollByMessage(window_, message.message, message.wParam);
     }
     if (ours && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST &&
         OnMouseMessage(message)) {
@@ -86,62 +117,57 @@ bool Form::HandleDialogMessage(MSG& message) {
         SendMessageW(message.hwnd, WM_CONTEXTMENU, std::bit_cast<WPARAM>(message.hwnd), -1);
         return true;
     }
-    return IsDialogMessageW(window_, &message) != FALSE;
+    const bool handled = IsDialogMessageW(window_, &message) != FALSE;
+    ShowFocus();
+    return handled;
+}
+
+void Form::ShowFocus() {
+    const HWND focus = GetFocus();
+    // Not under a mouse button that is down: a click ends where it began.
+    if (focus != shownFocus_ && GetKeyState(VK_LBUTTON) >= 0 && IsChild(window_, focus) != FALSE) {
+        shownFocus_ = focus;
+        ScrollIntoView(window_, focus);
+    }
 }
 
 void Form::FocusFirst(HWND parent) {
-    // By message, so that the default button follows.
-    SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(GetNextDlgTabItem(parent, nullptr, FALSE)),
-                 TRUE);
+    Focus(GetNextDlgTabItem(parent, nullptr, FALSE));
 }
 
-void Form::RunModal(HWND focus) {
-    if (window_ == nullptr) {
-        return; // could not be created: nothing was answered
+void Form::Focus(HWND control) {
+    // By message, so that the default button follows.
+    SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(control), TRUE);
+}
+
+void Form::Answer(MSG& message) {
+    if (!HandleDialogMessage(message)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
     }
-    modalEnded_ = false;
-    const bool ownerWasEnabled = EnableWindow(owner_, FALSE) == FALSE;
-    if (focus == nullptr) {
-        FocusFirst(window_);
-    } else {
-        SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(focus), TRUE);
-    }
-    ShowWindow(window_, SW_SHOW);
-    if (owner_ == nullptr) {
-        SetForegroundWindow(window_); // nothing of ours was in front before
-    }
+}
+
+void Form::RunLoop() {
     MSG message{};
-    while (!modalEnded_ && window_ != nullptr) {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got == 0) {
-            PostQuitMessage(static_cast<int>(message.wParam)); // the program's own loop ends too
+    while (!ended_ && window_ != nullptr) {
+        if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
+            if (!OnIdle()) {
+                MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+            }
+            continue;
         }
-        if (got <= 0) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam)); // the program's own loop ends too
             break;
         }
-        if (!HandleDialogMessage(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
-    modalEnded_ = true;
-    // The owner first: otherwise another program's window would become active.
-    if (ownerWasEnabled) {
-        EnableWindow(owner_, TRUE);
-    }
-    if (window_ != nullptr) {
-        ShowWindow(window_, SW_HIDE);
+        Answer(message);
     }
 }
 
-void Form::EndModal() {
-    modalEnded_ = true;
+void Form::End() {
+    ended_ = true;
     // The loop may be waiting for a message while it answers one that was sent.
     PostMessageW(window_, WM_NULL, 0, 0);
-}
-
-void Form::FocusControl(int id) {
-    SendMessageW(window_, WM_NEXTDLGCTL, std::bit_cast<WPARAM>(Control(id)), TRUE);
 }
 
 HWND Form::AddPage(const std::wstring& name, const RECT& place) {
@@ -151,8 +177,9 @@ HWND Form::AddPage(const std::wstring& name, const RECT& place) {
     }
     SetWindowTextW(page, name.c_str()); // what a screen reader says when the page is entered
     UseTabBackground(page);
-    SetWindowPos(page, HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                 SWP_NOACTIVATE);
+    const POINT scrolled = ScrollPosition(window_);
+    SetWindowPos(page, HWND_TOP, place.left - scrolled.x, place.top - scrolled.y, place.right - place.left,
+                 place.bottom - place.top, SWP_NOACTIVATE);
     return page;
 }
 
@@ -181,20 +208,21 @@ HWND Form::AddControl(HWND parent, const ControlRow& row, const std::wstring& te
         placed_.push_back({control, row.place});
     }
     SendMessageW(control, WM_SETFONT, std::bit_cast<WPARAM>(font_->Handle()), FALSE);
+    if (row.place.cx != 0 && HasOwnHeight(row.windowClass)) {
+        PlaceInRow(control, place);
+    }
     return control;
 }
 
-void Form::Centre(SIZE size) {
-    MONITORINFO monitor{};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(MonitorFromWindow(owner_ != nullptr ? owner_ : window_, MONITOR_DEFAULTTOPRIMARY),
-                    &monitor);
-    const RECT& work = monitor.rcWork;
+void Form::Centre() {
+    const HWND owner = OwnerWindow();
+    const RECT work =
+        WorkArea(MonitorFromWindow(owner != nullptr ? owner : window_, MONITOR_DEFAULTTOPRIMARY));
+    const SIZE size = LayOut(work);
     RECT around = work;
-    if (owner_ != nullptr) {
-        GetWindowRect(owner_, &around);
+    if (owner != nullptr) {
+        GetWindowRect(owner, &around);
     }
-    // Top left stays on the screen even when the form is larger than it.
     const auto within = [](LONG begin, LONG end, LONG wanted, LONG length) {
         return std::max(begin, std::min(wanted, end - length));
     };
@@ -208,17 +236,21 @@ void Form::OnScalingChanged(UINT dpi, const RECT& suggested) {
         return; // moving the window below may ask again
     }
     const ScopedFlag scaling(scaling_);
+    ScrollTo(window_, {0, 0}); // the layout counts from there
+    shownFocus_ = nullptr;
     SetScaling(dpi);
     PlaceRows();
-    const SIZE size = LayOut();
-    SetWindowPos(window_, nullptr, suggested.left, suggested.top, size.cx, size.cy,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT work = WorkArea(MonitorFromRect(&suggested, MONITOR_DEFAULTTONEAREST));
+    const SIZE size = LayOut(work);
+    const LONG left = size.cx < work.right - work.left ? suggested.left : work.left;
+    const LONG top = size.cy < work.bottom - work.top ? suggested.top : work.top;
+    SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     // Group boxes and labels leave standing what the former layout had inside them.
     RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
-    return WhileAsking([&] { return MessageBoxW(window_, text.c_str(), title.c_str(), style); });
+    return RunOver([&](HWND window) { return MessageBoxW(window, text.c_str(), title.c_str(), style); });
 }
 
 INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -229,7 +261,7 @@ INT_PTR CALLBACK Form::FormProc(HWND window, UINT message, WPARAM wParam, LPARAM
         DisableSystemScaling(window);
         form->SetScaling(GetDpiForWindow(window));
         form->OnCreate();
-        form->Centre(form->LayOut());
+        form->Centre();
         return FALSE;
     }
     Form* form = FormOf(window);
@@ -255,7 +287,7 @@ INT_PTR CALLBACK Form::PageProc(HWND window, UINT message, WPARAM wParam, LPARAM
 std::optional<INT_PTR> Form::OnControlMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_COMMAND:
-        if (asking_ || modalEnded_) {
+        if (asking_ || ended_) {
             return TRUE; // not from the user, who has another dialog in front
         }
         OnCommand(LOWORD(wParam), HIWORD(wParam));
@@ -290,7 +322,7 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     switch (message) {
     case WM_CLOSE:
-        if (!asking_ && !modalEnded_) {
+        if (!asking_ && !ended_) {
             OnClose();
         }
         return TRUE;
@@ -305,7 +337,7 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         OnCaptureLost();
         return TRUE;
     case WM_CONTEXTMENU: {
-        if (asking_ || modalEnded_) {
+        if (asking_ || ended_) {
             return TRUE;
         }
         const POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -319,9 +351,10 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
         }
         return -1; // the list box does what it does with the key
-    case WM_TIMER:
-        OnTimer();
-        return TRUE;
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+    case WM_MOUSEWHEEL:
+        return ScrollByMessage(window_, message, wParam) ? TRUE : FALSE;
     case WM_DPICHANGED:
         OnScalingChanged(HIWORD(wParam), *std::bit_cast<const RECT*>(lParam));
         return TRUE;
@@ -350,16 +383,10 @@ void Form::SetScaling(UINT dpi) {
 
 void Form::PlaceRows() {
     for (const Placed& placed : placed_) {
-        const RECT place = font_->Pixels(placed.place);
-        SetWindowPos(placed.window, nullptr, place.left, place.top, place.right - place.left,
-                     place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        PlaceInRow(placed.window, font_->Pixels(placed.place));
     }
 }
 
-SIZE Form::LayOut() {
-    const SIZE client = OnLayout();
-    RECT frame{0, 0, client.cx, client.cy};
-    AdjustWindowRectExForDpi(&frame, static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)), FALSE,
-                             static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)), Dpi());
-    return {frame.right - frame.left, frame.bottom - frame.top};
+SIZE Form::LayOut(const RECT& work) {
+    return FitForm(window_, OnLayout(), {work.right - work.left, work.bottom - work.top}, Dpi());
 }

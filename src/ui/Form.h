@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// One control of a form: what it is, where it stands on its parent, how it looks.
+/// One control of a form: what it is, the row in which it stands on its parent, how it looks.
 struct ControlRow {
     int id = 0;
     const wchar_t* windowClass = nullptr;
@@ -21,7 +21,8 @@ struct ControlRow {
 };
 
 /// A top-level window of the class "QLBUtlForm": a dialog that creates its controls from tables, in dialog
-/// units of its own font, and lays them out anew when the scaling changes.
+/// units of its own font, and lays them out anew when the scaling changes. One that is larger than its
+/// monitor's work area scrolls.
 class Form {
 public:
     Form(const Form&) = delete;
@@ -34,33 +35,41 @@ public:
     [[nodiscard]] HWND Control(int id) const;
     [[nodiscard]] bool HasControl(int id) const { return controls_.contains(id); }
 
-    /// Runs a modal dialog over this form. Meanwhile IsAsking is true: the form is disabled for its user,
-    /// but not for another program's messages, which must not open a second dialog underneath or close the
-    /// form.
-    template <class Dialog> auto WhileAsking(Dialog dialog) {
+    /// Runs something modal over this form, a dialog or menu of the system's, which gets the form's window.
+    /// Meanwhile IsAsking is true: the form is disabled for its user, but not for another program's messages,
+    /// which must not open a second dialog underneath or close the form.
+    template <class Dialog> auto RunOver(Dialog dialog) {
         const ScopedFlag asking(asking_);
-        return dialog();
+        return dialog(window_);
     }
     [[nodiscard]] bool IsAsking() const { return asking_; }
+    /// A message box over this form. Returns the button (IDYES, ...), or 0 when the box could not be shown.
+    int Ask(const std::wstring& text, const std::wstring& title, UINT style);
 
-    /// First look at a message of the program's loop. True when the form has dealt with it.
-    bool HandleDialogMessage(MSG& message);
+    /// Answers messages until the form has ended, or the program.
+    void RunLoop();
+    /// Answers one message of a loop.
+    void Answer(MSG& message);
 
 protected:
-    Form() = default;
+    /// A form over another one, or with null on its own.
+    explicit Form(Form* owner = nullptr) : owner_(owner) {}
 
     /// Creates the hidden window, then calls OnCreate. False when the system refuses.
-    bool CreateHidden(HWND owner, const std::wstring& fontName);
+    bool CreateHidden(const std::wstring& fontName);
     void Close() { DestroyWindow(window_); }
+    /// The loop of the form ends, and the form hears nobody any more. Its window stays.
+    void End();
+
+    [[nodiscard]] Form* Owner() const { return owner_; }
+    [[nodiscard]] HWND OwnerWindow() const { return owner_ == nullptr ? nullptr : owner_->window_; }
+    /// What the destructor does: the window goes, without a word to what derives from this.
+    void Unload();
 
     /// The focus to the first tab stop of the form or of one of its pages.
     void FocusFirst(HWND parent);
-    void FocusControl(int id);
-
-    /// Shows the form and keeps its owner from answering until EndModal. The window stays, hidden.
-    /// `focus` gets the keyboard; null: the first tab stop.
-    void RunModal(HWND focus = nullptr);
-    void EndModal();
+    void Focus(HWND control);
+    void FocusControl(int id) { Focus(Control(id)); }
 
     /// A hidden child dialog that holds a page's controls; its messages come to this form. It lies on top of
     /// the form's other controls and comes first in the tab order. `place` in pixels of the client area.
@@ -74,8 +83,6 @@ protected:
 
     [[nodiscard]] const DialogFont& TextFont() const { return *font_; }
     [[nodiscard]] UINT Dpi() const { return font_->Dpi(); }
-    /// A message box over this form. Returns the button (IDYES, ...), or 0 when the box could not be shown.
-    int Ask(const std::wstring& text, const std::wstring& title, UINT style);
 
     virtual void OnCreate() = 0;
     /// Places what dialog units can't; returns the client size in pixels.
@@ -90,12 +97,14 @@ protected:
     /// F1. False leaves it to the form's owner.
     virtual bool OnHelpKey() { return false; }
     virtual void OnActivate() {}
+    /// Does one step of what can wait until no message does, while the form runs modally. False when there was
+    /// nothing to do.
+    virtual bool OnIdle() { return false; }
     /// A key in a list box with LBS_WANTKEYBOARDINPUT.
     virtual void OnListKey(int /*id*/, WORD /*key*/) {}
     /// The close box.
     virtual void OnClose() { Close(); }
     virtual void OnDestroy() {}
-    virtual void OnTimer() {}
     /// Messages from WM_APP on. True when handled.
     virtual bool OnPrivateMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
     /// A key, or the mouse wheel, on its way to a control. True keeps it from there.
@@ -111,6 +120,9 @@ protected:
     virtual HBRUSH OnStaticColour(HWND /*control*/, HDC /*hdc*/) { return nullptr; }
 
 private:
+    /// First look at a message of a loop. True when the form has dealt with it.
+    bool HandleDialogMessage(MSG& message);
+
     struct Placed {
         HWND window = nullptr;
         DluRect place;
@@ -121,16 +133,22 @@ private:
     INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<INT_PTR> OnControlMessage(HWND receiver, UINT message, WPARAM wParam, LPARAM lParam);
     void SetScaling(UINT dpi);
-    /// Has OnLayout place what it places; returns the size of the whole window.
-    SIZE LayOut();
+    /// Has OnLayout place what it places; returns the size of the whole window, within the work area.
+    SIZE LayOut(const RECT& work);
     /// The controls to where their rows say.
     void PlaceRows();
-    void Centre(SIZE size);
+    /// Laid out, in the middle of the owner or of the screen.
+    void Centre();
+    /// A form with scroll bars follows the keyboard.
+    void ShowFocus();
     void OnScalingChanged(UINT dpi, const RECT& suggested);
 
     HWND window_ = nullptr;
-    HWND owner_ = nullptr;
-    bool modalEnded_ = false;
+    Form* owner_;
+    HWND formerFrame_ =
+        nullptr; ///< of what stood over this form last, hidden and empty; goes with the window
+    bool ended_ = false;
+    HWND shownFocus_ = nullptr; ///< the control that was last scrolled into view
     bool scaling_ = false;
     bool asking_ = false;
     std::wstring fontName_;

@@ -10,10 +10,10 @@ class Form;
 /// hourglass.
 class MessagePump final : public PendingEvents {
 public:
-    explicit MessagePump(Form& form);
+    explicit MessagePump(Form& form) : form_(form) {}
 
-    void Process() override;
-    bool RunBeside(std::function<void()> work, const std::function<bool()>& goOn) override;
+    /// False when the program ends.
+    [[nodiscard]] bool Process() override;
 
     /// Something that may take long, for as long as this lives.
     class SlowWork {
@@ -30,13 +30,7 @@ public:
     [[nodiscard]] bool ShowsHourglass() const { return hourglass_; }
 
 private:
-    void ShowHourglassWhenSlow();
-    [[nodiscard]] DWORD UntilSlow() const;
-
     Form& form_;
-    DWORD thread_;
-    int slowWorks_ = 0;
-    ULONGLONG slowSince_ = 0; ///< ticks, in milliseconds
+    ULONGLONG slowSince_ = 0; ///< ticks, in milliseconds; 0 when nothing is slow
     bool hourglass_ = false;
-    bool quit_ = false; ///< the program ends
 };

@@ -134,14 +134,24 @@ LRESULT CALLBACK PictureButton::Procedure(HWND button, UINT message, WPARAM wPar
 
 std::optional<LRESULT> PictureButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case WM_GETDLGCODE:
-        // The system leaves this out for buttons that draw themselves; Enter would press OK instead of this
-        // one.
-        return DLGC_BUTTON | (isDefault_ ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
-    case BM_SETSTYLE:
-        // Passed on, it would take the owner drawing away.
-        isDefault_ = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    case WM_GETDLGCODE: {
+        // Which button Enter presses depends on how the focus came here, and after a click it would be OK. So
+        // Enter comes to this one itself.
+        const auto* asked = std::bit_cast<const MSG*>(lParam);
+        const bool enter = asked != nullptr && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;
+        // The system leaves the second out for buttons that draw themselves; OK would keep its mark.
+        return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON | (enter ? DLGC_WANTMESSAGE : 0);
+    }
+    case WM_KEYDOWN:
+        if (wParam != VK_RETURN) {
+            return std::nullopt;
+        }
+        SendMessageW(GetParent(button_), WM_COMMAND,
+                     MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(button_)), BN_CLICKED),
+                     std::bit_cast<LPARAM>(button_));
         return 0;
+    case BM_SETSTYLE:
+        return 0; // it would take the owner drawing away
     case WM_MOUSEMOVE: {
         TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, button_, 0};
         TrackMouseEvent(&track);

@@ -48,5 +48,4 @@ private:
     int picture_ = 0;
     int pressedPicture_ = 0;
     std::wstring description_;
-    bool isDefault_ = false; ///< Enter presses it
 };

@@ -9,7 +9,7 @@
 
 void UseTabBackground(HWND page) {
     static const auto enable =
-        SystemProcedure<HRESULT WINAPI(HWND, DWORD)>(L"uxtheme.dll", "EnableThemeDialogTexture");
+        SystemProcedure<decltype(EnableThemeDialogTexture)>(L"uxtheme.dll", "EnableThemeDialogTexture");
     if (enable != nullptr) {
         enable(page, ETDT_ENABLETAB);
     }
@@ -17,7 +17,7 @@ void UseTabBackground(HWND page) {
 
 void PaintParentTheme(HWND child, HDC hdc) {
     static const auto paint =
-        SystemProcedure<HRESULT WINAPI(HWND, HDC, const RECT*)>(L"uxtheme.dll", "DrawThemeParentBackground");
+        SystemProcedure<decltype(DrawThemeParentBackground)>(L"uxtheme.dll", "DrawThemeParentBackground");
     if (paint != nullptr) {
         paint(child, hdc, nullptr);
     }

@@ -24,8 +24,7 @@ TEST_F(BrowseTreeTest, AFolderIsOpenedAtOnceFoldersFirstEachGroupSorted) {
     EXPECT_EQ(tree_.Control().Text(Root()), L"Everything");
     EXPECT_EQ(tree_.Control().Key(Root()), folder_.Path());
     EXPECT_TRUE(IsExpanded(Root()));
-    std::vector<std::wstring> folders{L"Zebra", L"ant", LocalName()};
-    order_->Sort(folders);
+    const auto folders = Sorted({L"Zebra", L"ant", LocalName()});
     EXPECT_THAT(Texts(Root()), ElementsAre(folders[0], folders[1], folders[2], L"Alpha.txt", L"beta.txt"));
     EXPECT_THAT(Keys(Root()), Contains(folder_.Path(LocalName())));
     EXPECT_EQ(Keys(Root()).back(), folder_.Path(L"beta.txt"));
@@ -122,14 +121,12 @@ TEST_F(BrowseTreeTest, HundredsOfFilesAreAllThereInTheListBoxsOrder) {
         folder_.AddFile(names.back(), "");
     }
     view_.DrawItem(folder_.Path(), L"All");
-    order_->Sort(names);
-    EXPECT_EQ(Texts(Root()), names);
+    EXPECT_EQ(Texts(Root()), Sorted(names));
 }
 
 TEST_F(BrowseTreeTest, ClearedNothingIsLeft) {
     folder_.AddFile(L"a.txt");
     view_.DrawItem(folder_.Path(), L"All");
-    Draw();
     ASSERT_TRUE(form_.PumpUntil([this] { return ImageOf(Root()) >= 0; }));
     view_.Clear();
     EXPECT_EQ(Root(), 0U);
@@ -141,18 +138,18 @@ TEST_F(BrowseTreeTest, ClearedNothingIsLeft) {
 
 TEST_F(BrowseTreeTest, ClearedWhileItReadsNothingOfThatIsPutIn) {
     folder_.AddFile(L"a.txt");
-    files_.gate.Close();
-    form_.whenPosted = [this](UINT) { view_.Clear(); };
+    int cleared = 0;
+    form_.whenPosted = [&](UINT) {
+        view_.Clear();
+        ++cleared;
+    };
     form_.Post();
-    view_.DrawItem(folder_.Path(), L"All"); // returns although its search still waits
-    EXPECT_EQ(tree_.Control().Count(), 0U);
-    EXPECT_FALSE(view_.IsExpanding());
-    files_.gate.Open();
-    EXPECT_TRUE(form_.PumpUntil([] { return !WorkersRun(); }));
+    view_.DrawItem(folder_.Path(), L"All");
+    EXPECT_EQ(cleared, 1) << "while it read";
     EXPECT_EQ(tree_.Control().Count(), 0U);
 }
 
-TEST_F(BrowseTreeTest, AFolderThatIsOpenedWhileAnotherIsReadOpensAfterwards) {
+TEST_F(BrowseTreeTest, AFolderThatIsOpenedWhileAnotherIsReadOpensAfterwardsOnce) {
     for (const wchar_t* name : {L"One", L"Two"}) {
         folder_.AddFolder(name);
         folder_.AddFile(std::wstring(name) + L"\\a.txt");
@@ -160,30 +157,44 @@ TEST_F(BrowseTreeTest, AFolderThatIsOpenedWhileAnotherIsReadOpensAfterwards) {
     view_.DrawItem(folder_.Path(), L"All");
     const NodeId one = Named(Root(), L"One");
     const NodeId two = Named(Root(), L"Two");
-    files_.gate.Close();
-    const int before = files_.gate.Waited();
-    int pressed = 0;
-    form_.whenPosted = [&](UINT message) {
-        if (message == WM_APP) {
-            EXPECT_TRUE(view_.IsExpanding());
-            PressToOpen(two);
-            PressToOpen(one); // is being read
-            PressToOpen(two);
-            ++pressed;
-            form_.Post(WM_APP + 1);
-        } else {
-            EXPECT_TRUE(view_.IsUnopened(one));
-            EXPECT_TRUE(view_.IsUnopened(two));
-            files_.gate.Open();
-        }
+    form_.Pump();
+    form_.whenPosted = [&](UINT) {
+        EXPECT_TRUE(view_.IsUnopened(one));
+        PressToOpen(two);
+        PressToOpen(one); // is being read
+        PressToOpen(two);
+        EXPECT_TRUE(view_.IsUnopened(two));
     };
-    tree_.Control().Open(one);
+    PressToOpen(one);
     form_.Post();
-    EXPECT_TRUE(form_.PumpUntil([&] { return IsExpanded(one) && IsExpanded(two); }));
-    EXPECT_EQ(pressed, 1);
-    EXPECT_EQ(files_.gate.Waited(), before + 2);
+    EXPECT_TRUE(tree_.OnIdle());
+    EXPECT_TRUE(IsExpanded(one));
+    EXPECT_TRUE(view_.IsUnopened(two));
+    EXPECT_TRUE(form_.PumpUntil([&] { return IsExpanded(two); }));
+    form_.PumpUntil([&] { return ImageOf(Root()) >= 0; });
     EXPECT_THAT(Texts(one), ElementsAre(L"a.txt"));
     EXPECT_THAT(Texts(two), ElementsAre(L"a.txt"));
+}
+
+TEST_F(BrowseTreeTest, ANodeWaitsUntilNoEventDoes) {
+    folder_.AddFolder(L"Tools");
+    folder_.AddFile(L"Tools\\a.txt");
+    view_.DrawItem(folder_.Path(), L"All");
+    const NodeId tools = Named(Root(), L"Tools");
+    PressToOpen(tools);
+    form_.Pump();
+    EXPECT_TRUE(view_.IsUnopened(tools));
+    EXPECT_TRUE(tree_.OnIdle());
+    EXPECT_TRUE(IsExpanded(tools));
+}
+
+TEST_F(BrowseTreeTest, ANodeThatWaitsGoesWithItsTree) {
+    folder_.AddFolder(L"Tools");
+    view_.DrawItem(folder_.Path(), L"All");
+    PressToOpen(Named(Root(), L"Tools"));
+    view_.Clear();
+    EXPECT_FALSE(tree_.OnIdle());
+    EXPECT_EQ(tree_.Control().Count(), 0U);
 }
 
 TEST_F(BrowseTreeTest, FavouritesLoseTheirExtensionInTheTextAloneAndKeepTheirAddress) {
@@ -193,8 +204,7 @@ TEST_F(BrowseTreeTest, FavouritesLoseTheirExtensionInTheTextAloneAndKeepTheirAdd
     folder_.AddFile(LocalName() + L".URL", shortcut);
     folder_.AddFile(L"readme.txt");
     tree_.SetIeFavorites(folder_.Path(), L"Favourites");
-    std::vector<std::wstring> names{L"Help", LocalName(), L"readme.txt"};
-    order_->Sort(names);
+    const auto names = Sorted({L"Help", LocalName(), L"readme.txt"});
     EXPECT_THAT(Texts(Root()), ElementsAre(L"Links.url", names[0], names[1], names[2]));
     for (const std::wstring& name : {std::wstring(L"Help"), LocalName()}) {
         const std::wstring key = tree_.Control().Key(Named(Root(), name));

@@ -1,20 +1,18 @@
 #include "BrowseTreeRig.h"
 
+#include <algorithm>
 #include <bit>
 
 BrowseTreeTest::BrowseTreeTest()
-    : tree_(window_, picture_, order_, {files_, shell_, icons_, pump_}, pump_, L"Internet Shortcut", 16) {
-    icons_.AnswerLike(shellIcons_);
+    : tree_(window_, picture_, order_, {files_, shell_, icons_, pump_}, L"Internet Shortcut", 16) {
+    form_.whenIdle = [this] { return tree_.OnIdle(); };
     form_.whenNotified = [this](NMHDR& header) {
         return header.hwndFrom == window_ ? tree_.OnNotify(header) : 0;
     };
 }
 
 BrowseTreeTest::~BrowseTreeTest() {
-    files_.gate.Open();
-    icons_.gate.Open();
     view_.Clear();
-    EXPECT_TRUE(form_.PumpUntil([] { return !WorkersRun(); }));
     form_.whenNotified = nullptr; // the window outlives the tree
 }
 
@@ -55,6 +53,13 @@ NodeId BrowseTreeTest::Named(NodeId parent, const std::wstring& text) const {
     return 0;
 }
 
+std::vector<std::wstring> BrowseTreeTest::Sorted(std::vector<std::wstring> names) const {
+    std::stable_sort(names.begin(), names.end(), [this](const std::wstring& a, const std::wstring& b) {
+        return order_.SortKey(a) < order_.SortKey(b);
+    });
+    return names;
+}
+
 bool BrowseTreeTest::IsExpanded(NodeId node) const {
     return (SendMessageW(window_, TVM_GETITEMSTATE, node, TVIS_EXPANDED) & TVIS_EXPANDED) != 0;
 }
@@ -82,7 +87,7 @@ void BrowseTreeTest::PressToOpen(NodeId node) {
 
 bool BrowseTreeTest::Open(NodeId node) {
     PressToOpen(node);
-    return form_.PumpUntil([&] { return !view_.IsExpanding() && !view_.IsUnopened(node); });
+    return form_.PumpUntil([&] { return !view_.IsUnopened(node); });
 }
 
 void BrowseTreeTest::Close(NodeId node) {

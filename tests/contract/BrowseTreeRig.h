@@ -1,36 +1,34 @@
 #pragma once
 
 #include "FileSystemRigs.h"
-#include "GatedIcons.h"
 #include "HiddenForm.h"
 #include "browse/BrowseTree.h"
+#include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsNameOrder.h"
 #include "platform/windows/WindowsShell.h"
 #include "platform/windows/WindowsShellIcons.h"
-#include "platform/windows/Worker.h"
+#include "ui/MessagePump.h"
 
 #include <gmock/gmock.h>
 
-/// The real file system; a search waits at a gate.
-class GatedFiles final : public FileSystem {
+/// The real shell, which remembers what it was asked.
+class NotedIcons final : public ShellIcons {
 public:
-    mutable Gate gate;
+    mutable std::vector<std::wstring> asked; ///< paths, each once in a row: some flags make it ask again
+    std::function<void()> whenAsked;
 
-    [[nodiscard]] std::uint32_t Attributes(const std::wstring& path) const override {
-        return files_.Attributes(path);
-    }
-    [[nodiscard]] bool Find(const std::wstring& pattern,
-                            const std::function<bool(const FoundFile&)>& take) const override {
-        gate.Await();
-        return files_.Find(pattern, take);
-    }
-    [[nodiscard]] bool Read(const std::wstring& path,
-                            const std::function<bool(std::string_view)>& take) const override {
-        return files_.Read(path, take);
+    [[nodiscard]] ShellFileInfo Query(const std::wstring& path, std::uint32_t flags) const override {
+        if (asked.empty() || asked.back() != path) {
+            asked.push_back(path);
+        }
+        if (whenAsked) {
+            whenAsked();
+        }
+        return icons_.Query(path, flags);
     }
 
 private:
-    WindowsFileSystem files_;
+    WindowsShellIcons icons_;
 };
 
 /// A tree in a real control over a real folder.
@@ -45,6 +43,8 @@ protected:
     [[nodiscard]] std::vector<std::wstring> Keys(NodeId node) const;
     /// The child with this text; 0 when there is none.
     [[nodiscard]] NodeId Named(NodeId parent, const std::wstring& text) const;
+    /// In the order of the list box.
+    [[nodiscard]] std::vector<std::wstring> Sorted(std::vector<std::wstring> names) const;
     [[nodiscard]] bool IsExpanded(NodeId node) const;
     [[nodiscard]] bool HasMark(NodeId node) const;
     [[nodiscard]] int ImageOf(NodeId node) const;
@@ -58,16 +58,14 @@ protected:
     void Draw() const;
 
     WindowsFilesRig folder_;
-    GatedFiles files_;
+    WindowsFileSystem files_;
     WindowsShell shell_;
-    WindowsShellIcons shellIcons_;
-    GatedIcons icons_;
+    NotedIcons icons_;
     HiddenForm form_;
     HWND window_ = form_.Add(WC_TREEVIEWW, TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT);
     MessagePump pump_{form_};
-    IconPicture picture_{form_.Add(L"Static", SS_ICON), shellIcons_};
-    std::shared_ptr<const NameOrder> order_ =
-        std::make_shared<WindowsNameOrder>(form_.Add(L"ListBox", LBS_SORT | LBS_HASSTRINGS));
+    IconPicture picture_{form_.Add(L"Static", SS_ICON), icons_};
+    WindowsNameOrder order_{form_.Add(L"ListBox", LBS_SORT | LBS_HASSTRINGS)};
     BrowseTree tree_;
     CTreeView& view_ = tree_.View();
 

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace {
 
@@ -23,7 +22,7 @@ public:
     FakeRig() {
         drives.Add(L"a:", L"a:\\", kDriveRemovable);
         drives.Add(L"c: [SYSTEM]", L"c:\\", kDriveFixed);
-        drives.Add(L"n:", L"n:\\", FakeDrives::kNetwork);
+        drives.Add(L"n:", L"n:\\", kDriveRemote);
     }
 };
 
@@ -121,16 +120,6 @@ TEST(WindowsDrivesTest, TheLabelsAreThoseOfTheVolumes) {
             EXPECT_EQ(record.label, label.data());
         }
     }
-}
-
-TEST(WindowsDrivesTest, AskingTakesNoLongerThanTwoSeconds) {
-    ULONGLONG fastest = std::numeric_limits<ULONGLONG>::max();
-    for (int attempt = 0; attempt < 3; ++attempt) { // the machine may be busy with something else
-        const ULONGLONG start = GetTickCount64();
-        EXPECT_FALSE(WindowsDrives().Entries().empty());
-        fastest = std::min(fastest, GetTickCount64() - start);
-    }
-    EXPECT_LT(fastest, 2'000U);
 }
 
 TEST(WindowsDrivesTest, AThreadMayHaveTheSystemsBoxesAsBefore) {

@@ -2,7 +2,7 @@
 
 #include "ScratchFolder.h"
 #include "fakes/FakeFileSystem.h"
-#include "platform/windows/KernelHandle.h"
+#include "platform/windows/Handles.h"
 #include "platform/windows/WindowsFileSystem.h"
 
 #include <windows.h>

@@ -40,7 +40,7 @@ protected:
         return false;
     }
     [[nodiscard]] FolderLevel Level(const std::vector<std::wstring>& places) {
-        return ReadFolderLevel(rig_.files, events_, order_, places);
+        return ReadFolderLevel(rig_.files, events_, order_, places).value();
     }
     [[nodiscard]] static std::vector<std::wstring> Paths(const FolderLevel& level,
                                                          const std::vector<LevelEntry>& entries) {

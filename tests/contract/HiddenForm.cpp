@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <stdexcept>
 
-HiddenForm::HiddenForm() {
+HiddenForm::HiddenForm() : ModalForm(nullptr) {
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TREEVIEW_CLASSES | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    if (!CreateHidden(nullptr, L"MS Shell Dlg")) {
+    if (!CreateHidden(L"MS Shell Dlg")) {
         throw std::runtime_error("the form could not be created");
     }
 }
@@ -24,18 +24,22 @@ HWND HiddenForm::Add(const wchar_t* windowClass, DWORD style) {
 void HiddenForm::Pump() {
     MSG message{};
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        if (!HandleDialogMessage(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
+        Answer(message);
     }
 }
 
 bool HiddenForm::PumpUntil(const std::function<bool()>& condition) {
-    return WaitUntil([&] {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (std::chrono::steady_clock::now() < end) {
         Pump();
-        return condition();
-    });
+        if (condition()) {
+            return true;
+        }
+        if (!OnIdle()) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+    return false;
 }
 
 namespace {

@@ -1,22 +1,25 @@
 #pragma once
 
 #include "Waiting.h"
-#include "ui/Form.h"
+#include "ui/ModalForm.h"
 
 #include <functional>
 
-/// A form that is never shown, with controls of a test's own, and the loop that answers their messages.
-class HiddenForm final : public Form {
+/// A form with controls of a test's own, and a loop that answers their messages without showing it.
+class HiddenForm final : public ModalForm {
 public:
     std::function<LRESULT(NMHDR&)> whenNotified;
     std::function<void(UINT)> whenPosted; ///< messages from WM_APP on
+    std::function<bool()> whenIdle;
 
     HiddenForm();
 
     HWND Add(const wchar_t* windowClass, DWORD style);
     void Post(UINT message = WM_APP) const { PostMessageW(Window(), message, 0, 0); }
 
-    /// Answers messages until the condition holds. False when the time is over.
+    using Form::End;
+
+    /// Answers messages, and does what can wait, until the condition holds. False when the time is over.
     bool PumpUntil(const std::function<bool()>& condition);
     /// Answers the messages that wait.
     void Pump();
@@ -25,6 +28,7 @@ protected:
     void OnCreate() override {}
     SIZE OnLayout() override { return {400, 300}; }
     void OnCommand(int /*id*/, int /*notification*/) override {}
+    bool OnIdle() override { return whenIdle && whenIdle(); }
     LRESULT OnNotify(NMHDR& header) override { return whenNotified ? whenNotified(header) : 0; }
     bool OnPrivateMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) override {
         if (whenPosted) {

@@ -61,6 +61,25 @@ TYPED_TEST(InstanceGuardContract, AfterTheFirstHasEndedTheNextIsAlone) {
     EXPECT_FALSE(this->rig_.Start()->AnotherInstanceRuns());
 }
 
+TYPED_TEST(InstanceGuardContract, AfterTheFirstHasGivenUpTheNextIsAlone) {
+    const auto first = this->rig_.Start();
+    ASSERT_FALSE(first->AnotherInstanceRuns());
+    first->GiveUp();
+    const auto next = this->rig_.Start();
+    EXPECT_FALSE(next->AnotherInstanceRuns());
+    first->GiveUp();
+    EXPECT_TRUE(this->rig_.Start()->AnotherInstanceRuns()) << "giving up twice took the next one's claim";
+}
+
+TYPED_TEST(InstanceGuardContract, ARefusedInstanceThatGivesUpLeavesTheFirstItsClaim) {
+    const auto first = this->rig_.Start();
+    ASSERT_FALSE(first->AnotherInstanceRuns());
+    const auto second = this->rig_.Start();
+    ASSERT_TRUE(second->AnotherInstanceRuns());
+    second->GiveUp();
+    EXPECT_TRUE(this->rig_.Start()->AnotherInstanceRuns());
+}
+
 TYPED_TEST(InstanceGuardContract, TheFirstInstanceDoesNotMistakeItselfForAnother) {
     const auto first = this->rig_.Start();
     EXPECT_FALSE(first->AnotherInstanceRuns());

@@ -7,7 +7,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -20,12 +19,6 @@ constexpr int kHeight = 400;
 constexpr COLORREF kPaper = RGB(255, 255, 255);
 constexpr COLORREF kInk = RGB(0, 0, 0);
 const std::wstring kJapanese = L"設定名：ボタン１";
-
-using Flag = std::shared_ptr<std::atomic<bool>>;
-
-Flag NotGivenUp() {
-    return std::make_shared<std::atomic<bool>>(false);
-}
 
 /// A sheet of white pixels.
 class Canvas {
@@ -84,7 +77,7 @@ public:
         const Bitmap bitmap(CreateCompatibleBitmap(canvas.Dc(), kWidth, kHeight));
         const HGDIOBJ stock = SelectObject(own, bitmap.get());
         PatBlt(own, 0, 0, kWidth, kHeight, WHITENESS);
-        WindowsPrintDevice device(own, NotGivenUp());
+        WindowsPrintDevice device(own);
         draw(device);
         GdiFlush();
         BitBlt(canvas.Dc(), 0, 0, kWidth, kHeight, own, 0, 0, SRCCOPY);
@@ -101,7 +94,7 @@ public:
         const HDC recording = CreateEnhMetaFileW(canvas.Dc(), nullptr, nullptr, nullptr);
         std::unique_ptr<void, MetafileDeleter> metafile;
         {
-            WindowsPrintDevice device(recording, NotGivenUp());
+            WindowsPrintDevice device(recording);
             draw(device);
             // Ends the context too; that the device then can't is no harm as no other one was made meanwhile.
             metafile.reset(CloseEnhMetaFile(recording));
@@ -197,7 +190,7 @@ public:
 class WindowsRig {
 public:
     static constexpr const char* kName = "Windows";
-    WindowsPrintDevice device{CreateCompatibleDC(nullptr), NotGivenUp()};
+    WindowsPrintDevice device{CreateCompatibleDC(nullptr)};
 };
 
 template <class Rig> class PrintDeviceContract : public testing::Test {
@@ -261,7 +254,7 @@ TYPED_TEST(PrintDeviceContract, ThePrintablePageLiesOnThePaper) {
 
 TEST(WindowsPrintDeviceTest, OfNoPrinter_HasNothingButPrintablePaper) {
     const MemoryDc screen(CreateCompatibleDC(nullptr));
-    const WindowsPrintDevice device(CreateCompatibleDC(nullptr), NotGivenUp());
+    const WindowsPrintDevice device(CreateCompatibleDC(nullptr));
     const PrintPage page = device.Page();
     EXPECT_EQ(page.width, GetDeviceCaps(screen.get(), HORZRES));
     EXPECT_EQ(page.height, GetDeviceCaps(screen.get(), VERTRES));
@@ -274,7 +267,7 @@ TEST(WindowsPrintDeviceTest, OfNoPrinter_HasNothingButPrintablePaper) {
 }
 
 TEST(WindowsPrintDeviceTest, TheFaceInUseHasEveryLabelsCharacters) {
-    const std::wstring face = WindowsPrintDevice(CreateCompatibleDC(nullptr), NotGivenUp()).FaceName();
+    const std::wstring face = WindowsPrintDevice(CreateCompatibleDC(nullptr)).FaceName();
     ASSERT_FALSE(face.empty());
     LOGFONTW wanted{};
     wanted.lfHeight = -20;

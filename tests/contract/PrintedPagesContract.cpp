@@ -1,6 +1,6 @@
+#include "platform/windows/Handles.h"
 #include "platform/windows/WindowsPrintDevice.h"
 #include "print/PrintLayout.h"
-#include "ui/Handles.h"
 
 #include <windows.h>
 
@@ -8,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -122,7 +121,8 @@ std::vector<PrintLine> LongLines() {
 /// One sheet as the program laid it out, and the pixels that the system made of it.
 struct Sheet {
     explicit Sheet(const PlacedPage& placed, const PrintPage& page) : paper(page), frames(placed.frames) {
-        WindowsPrintDevice device(paper.NewDc(), std::make_shared<std::atomic<bool>>(false), page);
+        WindowsPrintDevice device(
+            paper.NewDc(), [] { return true; }, page);
         for (const PrintRect& frame : placed.frames) {
             device.Frame(frame);
         }
@@ -156,8 +156,8 @@ class PrintedPages : public testing::TestWithParam<int> {
 protected:
     static std::vector<std::unique_ptr<Sheet>> Print(bool landscape = false) {
         const PrintPage page = A4(GetParam(), landscape);
-        const WindowsPrintDevice device(CreateCompatibleDC(nullptr),
-                                        std::make_shared<std::atomic<bool>>(false), page);
+        const WindowsPrintDevice device(
+            CreateCompatibleDC(nullptr), [] { return true; }, page);
         std::vector<std::unique_ptr<Sheet>> sheets;
         for (const PlacedPage& placed : LayOutPages(LongLines(), device)) {
             sheets.push_back(std::make_unique<Sheet>(placed, page));

@@ -11,9 +11,9 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -23,6 +23,8 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
+
+constexpr int kNever = std::numeric_limits<int>::max();
 
 /// A PostScript printer that prints into a file.
 class Printer : public testing::Test {
@@ -53,8 +55,9 @@ protected:
     inline static std::unique_ptr<TestPrinter> installed;
 
     std::filesystem::path file_;
-    std::shared_ptr<std::atomic<bool>> givenUp = std::make_shared<std::atomic<bool>>(false);
-    WindowsPrintDevice device{Open(), givenUp};
+    int asked = 0;
+    int givesUpAt = kNever; ///< the first time that it is asked is 1
+    WindowsPrintDevice device{Open(), [this] { return ++asked < givesUpAt; }};
 };
 
 TEST_F(Printer, PrintsADocument) {
@@ -84,20 +87,42 @@ TEST_F(Printer, TellsTheSizeOfItsPaper) {
     EXPECT_NEAR(page.height, 814 / 72.0 * 300, 3);
 }
 
-TEST_F(Printer, BeginsNothing_OnceItIsGivenUp) {
-    *givenUp = true;
+TEST_F(Printer, AsksBeforeEachLineWhetherToGoOn) {
+    ASSERT_TRUE(device.StartDocument(L"Settings"));
+    ASSERT_TRUE(device.StartPage());
+    const int before = asked;
+    device.Text(150, 150, L"ボタン１", PrintFont::Body);
+    EXPECT_GT(asked, before);
+    const int between = asked;
+    device.Frame({100, 100, 500, 300});
+    EXPECT_GT(asked, between);
+    device.Abort();
+}
+
+TEST_F(Printer, IsAskedByTheSystemToo_WhichThenBeginsNothing) {
+    givesUpAt = 2; // before the document is the first time
     EXPECT_FALSE(device.StartDocument(L"Settings"));
-    EXPECT_EQ(device.Error(), 0U) << "nothing went wrong";
+    EXPECT_EQ(device.Error(), ERROR_PRINT_CANCELLED);
     EXPECT_THAT(Output(), IsEmpty());
 }
 
-TEST_F(Printer, EndsNoPageAndNoDocument_OnceItIsGivenUp) {
+TEST_F(Printer, BeginsNothing_OnceItIsGivenUp) {
+    givesUpAt = 1;
+    EXPECT_FALSE(device.StartDocument(L"Settings"));
+    EXPECT_EQ(device.Error(), ERROR_PRINT_CANCELLED);
+    EXPECT_THAT(Output(), IsEmpty());
+}
+
+TEST_F(Printer, DrawsNothingMoreAndEndsNothing_OnceItIsGivenUp) {
     ASSERT_TRUE(device.StartDocument(L"Settings"));
     ASSERT_TRUE(device.StartPage());
-    *givenUp = true;
+    givesUpAt = asked + 1;
+    device.Text(150, 150, L"ボタン１", PrintFont::Body);
+    givesUpAt = kNever; // it is not asked any more
     EXPECT_FALSE(device.EndPage());
     EXPECT_FALSE(device.StartPage());
     EXPECT_FALSE(device.EndDocument());
+    EXPECT_EQ(device.Error(), ERROR_PRINT_CANCELLED);
     device.Abort();
     EXPECT_EQ(Output().find("%%EOF"), std::string::npos);
 }
@@ -113,7 +138,7 @@ TEST_F(Printer, PrintsAgainAfterAnAbort) {
     ASSERT_TRUE(device.StartDocument(L"First"));
     ASSERT_TRUE(device.StartPage());
     device.Abort();
-    WindowsPrintDevice next{Open(), givenUp};
+    WindowsPrintDevice next{Open()};
     next.OutputTo(file_.wstring());
     ASSERT_TRUE(next.StartDocument(L"Second"));
     ASSERT_TRUE(next.StartPage());

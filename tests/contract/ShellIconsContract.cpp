@@ -198,7 +198,6 @@ TEST_F(WindowsDrawIconTest, TheShellsIconIsDrawnAndItsNamesAreKept) {
     EXPECT_EQ(draw_.IconHandle(), info.iconIndex);
     EXPECT_EQ(draw_.FileText(), info.displayName);
     EXPECT_EQ(draw_.FileType(), info.typeName);
-    EXPECT_EQ(draw_.QueryFlags(), kDefaultFlags);
     EXPECT_THAT(box_.Layers(),
                 ElementsAre(std::to_wstring(info.imageList) + L':' + std::to_wstring(info.iconIndex)));
 }

@@ -76,8 +76,19 @@ TYPED_TEST(StoreOnRegistry, FourBytesOfAnyTypeAreANumber) {
     EXPECT_EQ(this->ReadDword({REG_NONE, "\2\0\0\0"s}), 2);
 }
 
-TYPED_TEST(StoreOnRegistry, AnyOtherLengthIsNoNumber) {
-    for (const std::string& bytes : {""s, "\1"s, "\1\2"s, "\1\2\3"s, "\1\2\3\4\5"s, "\1\2\3\4\5\6\7\x8"s}) {
+TYPED_TEST(StoreOnRegistry, FewerBytesAreTheLowOnesOfANumber) {
+    for (const std::uint32_t type : std::initializer_list<std::uint32_t>{REG_BINARY, REG_SZ, REG_DWORD}) {
+        EXPECT_EQ(this->ReadDword({type, ""s}), 0) << type;
+        EXPECT_EQ(this->ReadDword({type, "\1"s}), 1) << type;
+        EXPECT_EQ(this->ReadDword({type, "\1\2"s}), 0x0201) << type;
+        EXPECT_EQ(this->ReadDword({type, "\1\2\3"s}), 0x030201) << type;
+    }
+    EXPECT_EQ(this->ReadDword(Text("7")), '7');
+    EXPECT_EQ(this->ReadDword(Text("")), 0);
+}
+
+TYPED_TEST(StoreOnRegistry, MoreThanFourBytesAreNoNumber) {
+    for (const std::string& bytes : {"\1\2\3\4\5"s, "\1\2\3\4\5\6\7\x8"s, std::string(70'000, '\1')}) {
         EXPECT_EQ(this->ReadDword({REG_BINARY, bytes}), kFallback) << bytes.size() << " bytes";
     }
     EXPECT_EQ(this->ReadDword(Text("hello")), kFallback);
@@ -234,12 +245,20 @@ TYPED_TEST(StoreOnRegistry, OnlyAPatternsSectionCanBeDeleted) {
     ASSERT_TRUE(this->Set(L"KORVOQLB", L"NumUser", L"3"));
     ASSERT_TRUE(this->Set(L"ONSCREEN", L"FontName", L"kept"));
     ASSERT_TRUE(this->Set(L"USER1", L"UserName", L"kept"));
-    for (const wchar_t* section : {L"KORVOQLB", L"ONSCREEN", L"OTHER", L"USER", L"USER0", L"USER11", L""}) {
+    for (const wchar_t* section : {L"KORVOQLB", L"ONSCREEN", L"OTHER", L"USER", L"USER0", L"USER01", L""}) {
         EXPECT_FALSE(this->rig_.store.IniDeleteSection(section, kOwnIniFile))
             << testing::PrintToString(section);
     }
     EXPECT_THAT(this->Value(L"", L"NumSetting"), Optional(Number(3)));
     EXPECT_THAT(this->Value(L"\\OnScreen", L"FontFace"), Optional(Text("kept")));
+    EXPECT_THAT(this->Value(L"\\Setting\\Set1", L"SetName"), Optional(Text("kept")));
+}
+
+TYPED_TEST(StoreOnRegistry, ThePatternsBeyondTenCanBeDeletedToo) {
+    ASSERT_TRUE(this->Set(L"USER1", L"UserName", L"kept"));
+    ASSERT_TRUE(this->Set(L"USER12", L"Btn1_Name", L"deleted"));
+    EXPECT_TRUE(this->rig_.store.IniDeleteSection(L"USER12", kOwnIniFile));
+    EXPECT_EQ(this->Value(L"\\Setting\\Set12\\AppKey1", L"DispTitle"), std::nullopt);
     EXPECT_THAT(this->Value(L"\\Setting\\Set1", L"SetName"), Optional(Text("kept")));
 }
 

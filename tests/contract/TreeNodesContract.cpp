@@ -1,16 +1,13 @@
 #include "HiddenForm.h"
 #include "Rigs.h"
 #include "browse/TreeControl.h"
-#include "fakes/FakeShellIcons.h"
 #include "fakes/FakeTree.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <bit>
 
 namespace {
-
-using testing::ElementsAre;
 
 class FakeRig {
     FakeTree tree_;
@@ -25,11 +22,10 @@ public:
 class WindowsRig {
     HiddenForm form_;
     HWND window_ = form_.Add(WC_TREEVIEWW, TVS_HASBUTTONS | TVS_LINESATROOT);
-    FakeShellIcons icons_;
 
 public:
     static constexpr const char* kName = "Windows";
-    TreeControl control{window_, icons_};
+    TreeControl control{window_};
     TreeNodes& tree = control;
 
     [[nodiscard]] std::uint32_t Style() const {
@@ -129,9 +125,7 @@ TYPED_TEST(TreeNodesContract, EmptiedItCanBeFilledAgain) {
 
 TYPED_TEST(TreeNodesContract, NodesMayBeAddedUndrawn) {
     this->tree_.Redraw(false);
-    this->tree_.Redraw(false);
     const NodeId root = this->tree_.AddFirst(0, L"root", L"root");
-    this->tree_.Redraw(true);
     this->tree_.AddFirst(root, L"child", L"child");
     this->tree_.Redraw(true);
     EXPECT_EQ(this->tree_.Count(), 2U);
@@ -178,8 +172,8 @@ TEST_F(WindowsTreeNodes, ASelectedNodeIsToldAndSoIsItsRoot) {
     const NodeId deep = nodes_.AddFirst(nodes_.AddFirst(root, L"child", L"child"), L"deep", L"deep");
     SendMessageW(rig_.Window(), TVM_SELECTITEM, TVGN_CARET, static_cast<LPARAM>(deep));
     EXPECT_EQ(tree_.Selected(), deep);
-    EXPECT_EQ(tree_.RootOf(deep), root);
-    EXPECT_EQ(tree_.RootOf(root), root);
+    EXPECT_FALSE(tree_.IsRoot(deep));
+    EXPECT_TRUE(tree_.IsRoot(root));
     tree_.RemoveAll();
     EXPECT_EQ(tree_.Selected(), 0U);
 }
@@ -206,64 +200,35 @@ TEST_F(WindowsTreeNodes, ThousandsOfNodesKeepTheirKeys) {
     EXPECT_EQ(i, 0);
 }
 
-TEST_F(WindowsTreeNodes, OnlyTheOutermostRedrawReachesTheControl) {
-    static std::vector<WPARAM> redraws;
-    redraws.clear();
-    const SUBCLASSPROC note = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                 DWORD_PTR) -> LRESULT {
-        if (message == WM_SETREDRAW) {
-            redraws.push_back(wParam);
-        }
-        return DefSubclassProc(window, message, wParam, lParam);
-    };
-    ASSERT_NE(SetWindowSubclass(rig_.Window(), note, 1, 0), FALSE);
-    tree_.Redraw(false);
-    tree_.Redraw(false);
-    tree_.RemoveAll();
-    tree_.Redraw(true);
-    EXPECT_THAT(redraws, ElementsAre(FALSE));
-    tree_.Redraw(true);
-    EXPECT_THAT(redraws, ElementsAre(FALSE, TRUE));
-}
-
-TEST_F(WindowsTreeNodes, OpeningWaitsUntilTheMessageIsAnsweredAndTheFillingDecides) {
+TEST_F(WindowsTreeNodes, NodesToBeOpenedWaitInTheirOrder) {
     const NodeId root = nodes_.AddFirst(0, L"root", L"root");
-    nodes_.AddFirst(root, L"child", L"child");
-    std::vector<NodeId> filled;
-    bool opens = false;
-    tree_.SetFill([&](NodeId node) {
-        filled.push_back(node);
-        return opens;
-    });
-    tree_.Open(root);
-    EXPECT_TRUE(filled.empty());
-    rig_.Form().Pump();
-    EXPECT_THAT(filled, ElementsAre(root));
-    EXPECT_FALSE(IsExpanded(root));
-    opens = true;
-    tree_.Open(root);
-    rig_.Form().Pump();
-    EXPECT_THAT(filled, ElementsAre(root, root));
+    const NodeId child = nodes_.AddFirst(root, L"child", L"child");
+    EXPECT_EQ(tree_.TakeNextToOpen(), 0U);
+    tree_.OpenLater(child);
+    tree_.OpenLater(root);
+    EXPECT_EQ(tree_.TakeNextToOpen(), child);
+    EXPECT_EQ(tree_.TakeNextToOpen(), root);
+    EXPECT_EQ(tree_.TakeNextToOpen(), 0U);
+    tree_.Expand(root);
     EXPECT_TRUE(IsExpanded(root));
 }
 
 TEST_F(WindowsTreeNodes, ANodeThatGoesIsNotOpened) {
-    const NodeId root = nodes_.AddFirst(0, L"root", L"root");
-    int filled = 0;
-    tree_.SetFill([&](NodeId) { return ++filled > 0; });
-    tree_.Open(root);
+    tree_.OpenLater(nodes_.AddFirst(0, L"root", L"root"));
     tree_.RemoveAll();
-    rig_.Form().Pump();
-    EXPECT_EQ(filled, 0);
+    EXPECT_EQ(tree_.TakeNextToOpen(), 0U);
 }
 
-TEST_F(WindowsTreeNodes, SomethingIsDoneLaterAndOnce) {
-    int done = 0;
-    tree_.RunLater([&] { ++done; });
-    EXPECT_EQ(done, 0);
-    rig_.Form().Pump();
-    rig_.Form().Pump();
-    EXPECT_EQ(done, 1);
+TEST_F(WindowsTreeNodes, AHiddenTreeStaysHiddenWhenItIsFilled) {
+    tree_.Show(false);
+    nodes_.Redraw(false);
+    nodes_.AddFirst(0, L"root", L"root");
+    nodes_.Redraw(true);
+    EXPECT_EQ(GetWindowLongPtrW(rig_.Window(), GWL_STYLE) & WS_VISIBLE, 0);
+    tree_.Show(true);
+    nodes_.Redraw(false);
+    nodes_.Redraw(true);
+    EXPECT_NE(GetWindowLongPtrW(rig_.Window(), GWL_STYLE) & WS_VISIBLE, 0);
 }
 
 } // namespace

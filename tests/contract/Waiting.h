@@ -5,7 +5,7 @@
 #include <thread>
 
 /// Longer than anything takes that is going to happen at all.
-inline constexpr std::chrono::milliseconds kPatience{10'000};
+inline constexpr std::chrono::milliseconds kPatience{30'000};
 
 /// What is not to happen is given this long to happen.
 inline constexpr std::chrono::milliseconds kVigil{300};

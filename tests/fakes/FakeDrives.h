@@ -9,7 +9,6 @@
 class FakeDrives final : public Drives {
 public:
     static constexpr std::uint32_t kNoRoot = 1;
-    static constexpr std::uint32_t kNetwork = 4;
     static constexpr std::uint32_t kRamDisk = 6;
 
     std::vector<std::wstring> entries;

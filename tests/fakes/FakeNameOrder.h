@@ -3,18 +3,19 @@
 #include "fakes/FakeText.h"
 #include "platform/NameOrder.h"
 
-#include <algorithm>
-
 /// A sorted list box without regard to case, or with an order that no other code would come up with.
 class FakeNameOrder final : public NameOrder {
 public:
     bool backwards = false;
-    mutable std::vector<std::vector<std::wstring>> sorted; ///< what was given, in order
 
-    void Sort(std::vector<std::wstring>& names) const override {
-        sorted.push_back(names);
-        std::stable_sort(names.begin(), names.end(), [this](const std::wstring& a, const std::wstring& b) {
-            return backwards ? Lowered(b) < Lowered(a) : Lowered(a) < Lowered(b);
-        });
+    [[nodiscard]] std::string SortKey(const std::wstring& name) const override {
+        std::string key;
+        for (const wchar_t c : Lowered(name) + L'\0') { // the end orders names of which one begins the other
+            for (const int shift : {24, 16, 8, 0}) {
+                const auto byte = static_cast<unsigned char>(static_cast<std::uint32_t>(c) >> shift);
+                key += static_cast<char>(backwards ? 0xFF - byte : byte);
+            }
+        }
+        return key;
     }
 };

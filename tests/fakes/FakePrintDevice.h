@@ -141,8 +141,3 @@ private:
     std::vector<std::wstring> documents_;
     std::vector<PrintedPage> pages_;
 };
-
-/// A printing that comes out of this device at once.
-inline auto PrintingOn(PrintDevice& device) {
-    return [&device](const auto& draw) { return draw(device); };
-}

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <map>
 #include <set>
@@ -15,7 +14,6 @@
 class FakeTree final : public TreeNodes {
 public:
     std::size_t capacity = std::numeric_limits<std::size_t>::max(); ///< nodes; the next one is refused
-    std::function<void(NodeId)> whenOpened;
 
     [[nodiscard]] WindowId Window() const override { return 4711; }
     void AddStyle(std::uint32_t style) override { style_ |= style; }
@@ -33,7 +31,7 @@ public:
         nodes_[id] = {key, text, iconPath.empty() ? key : iconPath, {}};
         std::vector<NodeId>& siblings = parent == 0 ? roots_ : nodes_[parent].children;
         siblings.insert(siblings.begin(), id);
-        addedWhileDrawn_ += redrawOff_ == 0 ? 1U : 0U;
+        addedWhileDrawn_ += drawn_ ? 1U : 0U;
         return id;
     }
     NodeId AddPlaceholder(NodeId parent, const std::wstring& key, const std::wstring& text) override {
@@ -81,32 +79,15 @@ public:
             madeVisible_.push_back(Key(node));
         }
     }
-    void Open(NodeId node) override {
-        if (!Require(node)) {
-            return;
-        }
-        opened_.push_back(Key(node));
-        if (whenOpened) {
-            whenOpened(node);
-        }
-    }
-    void Redraw(bool on) override {
-        if (on && redrawOff_ == 0) {
-            ADD_FAILURE() << "drawing is switched on that was not off";
-            return;
-        }
-        redrawOff_ += on ? -1 : 1;
-    }
+    void Redraw(bool on) override { drawn_ = on; }
 
     [[nodiscard]] std::uint32_t Style() const { return style_; }
     [[nodiscard]] bool Exists(NodeId node) const { return nodes_.contains(node); }
-    [[nodiscard]] bool IsDrawn() const { return redrawOff_ == 0; }
+    [[nodiscard]] bool IsDrawn() const { return drawn_; }
     /// Nodes that were added one by one before the user's eyes.
     [[nodiscard]] std::size_t AddedWhileDrawn() const { return addedWhileDrawn_; }
     /// Keys of the nodes that were scrolled to.
     [[nodiscard]] const std::vector<std::wstring>& MadeVisible() const { return madeVisible_; }
-    /// Keys of the nodes that were opened.
-    [[nodiscard]] const std::vector<std::wstring>& Opened() const { return opened_; }
 
     [[nodiscard]] const std::vector<NodeId>& Roots() const { return roots_; }
     [[nodiscard]] std::vector<NodeId> Children(NodeId node) const {
@@ -167,8 +148,7 @@ private:
     std::vector<NodeId> roots_;
     NodeId nextId_ = 1;
     std::uint32_t style_ = 0;
-    int redrawOff_ = 0;
+    bool drawn_ = true;
     std::size_t addedWhileDrawn_ = 0;
     std::vector<std::wstring> madeVisible_;
-    std::vector<std::wstring> opened_;
 };

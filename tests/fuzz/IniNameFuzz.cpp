@@ -1,4 +1,4 @@
-#include "settings/IniTranslation.h"
+#include "settings/StoreLayout.h"
 
 #include "Fuzz.h"
 #include "FuzzStore.h"
@@ -31,6 +31,23 @@ void CheckPatternPath(std::wstring_view path) {
     Require(path.size() == 1 && IsDecimal(path), "a button's number is not one digit");
 }
 
+/// By what the key contains, as the launcher takes it apart.
+std::wstring NameOfPatternsValue(const std::wstring& key) {
+    const std::wstring lowered = LoweredAscii(key);
+    const auto has = [&](const wchar_t* part) { return lowered.find(part) != std::wstring::npos; };
+    if (!has(L"btn")) {
+        return key == L"UserName" ? L"SetName" : L"";
+    }
+    const std::wstring last = key.substr(key.size() - 1);
+    const std::wstring program = IsDecimal(last) ? last : L"0";
+    return has(L"_name")    ? L"DispTitle"
+           : has(L"_exec")  ? L"Execute"
+           : has(L"_numap") ? L"NumAP"
+           : has(L"_ap")    ? L"AP" + program
+           : has(L"_title") ? L"ProgName" + program
+                            : L"";
+}
+
 void CheckPlace(const std::wstring& section, const std::wstring& key, const RegistryPlace& place) {
     const std::wstring product = kProductKey;
     Require(place.path.starts_with(product), "outside of the product's key");
@@ -45,6 +62,7 @@ void CheckPlace(const std::wstring& section, const std::wstring& key, const Regi
                 "a name of the screen");
     } else {
         CheckPatternPath(below);
+        Require(place.name == NameOfPatternsValue(key), "another value of the Pattern");
         Require(place.isNumber == (place.name == L"NumAP"), "a number that is none, or the reverse");
     }
 }
@@ -90,7 +108,7 @@ void CheckDeletion(const std::wstring& section) {
     const std::wstring lowered = LoweredAscii(section);
     const std::wstring digits = lowered.starts_with(L"user") ? lowered.substr(4) : L"";
     const auto number = IsDecimal(digits) ? NumberFromText(digits) : std::nullopt;
-    const bool isPattern = number && *number >= 1 && *number <= kMaxPatterns && digits[0] != L'0';
+    const bool isPattern = number && *number >= 1 && digits[0] != L'0';
     Require(deleted == isPattern, "the wrong sections can be removed");
     FakeRegistry expected = before;
     if (isPattern) {

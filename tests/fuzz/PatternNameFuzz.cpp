@@ -34,7 +34,11 @@ void CheckLength(const std::wstring& name, const AnsiText& ansiText, bool japane
 
 void CheckRules(const std::wstring& name, Names used, const AnsiText& ansiText) {
     const NameProblem problem = CheckPatternName(name, used, ansiText);
-    const bool isUsed = std::set<std::wstring>(used.begin(), used.end()).count(name) != 0;
+    std::set<std::string> stored;
+    for (const std::wstring& each : used) {
+        stored.insert(ansiText.Encode(each));
+    }
+    const bool isUsed = stored.contains(ansiText.Encode(name));
     Require((problem == NameProblem::Empty) == name.empty(), "empty or not");
     Require((problem == NameProblem::Used) == (isUsed && !name.empty()), "used or not");
     std::reverse(used.begin(), used.end());

@@ -88,7 +88,7 @@ void CheckLayout(const std::vector<PrintLine>& lines, const FakePrintDevice& dev
 void CheckPrinting(CQlbPrint& print, const PrintPage& sheet, int failingCall, const PrintJob& job) {
     FakePrintDevice device(sheet);
     device.failingCall = failingCall;
-    const bool printed = print.QlbPrintOut(PrintingOn(device), L"Fuzz", job);
+    const bool printed = print.QlbPrintOut(device, L"Fuzz", job);
     const bool failed = failingCall > 0 && device.failingCall == 0;
     Require(printed != failed, "a failure is not told, or told without one");
     const bool aborted = !device.Calls().empty() && device.Calls().back() == "Abort";

@@ -7,7 +7,6 @@
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakeShell.h"
 #include "fakes/FakeStrings.h"
-#include "settings/GlobalValue.h"
 #include "settings/PatternStore.h"
 #include "settings/StdModule.h"
 
@@ -33,7 +32,7 @@ void CheckSlot(const ButtonSlot& slot) {
     Require(slot.NumAP >= 0 && slot.NumAP <= kMaxPrograms, "a number of programs that can't be");
     Require(TrimBlanks(slot.Exec) == slot.Exec, "blanks around the letter");
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        Require(slot.AP(k).find(L'|') == std::wstring::npos, "a command holds parameters");
+        Require(slot.Program(k).AP.find(L'|') == std::wstring::npos, "a command holds parameters");
     }
 }
 
@@ -41,8 +40,8 @@ void CheckSlot(const ButtonSlot& slot) {
 ButtonSlot AsStored(ButtonSlot slot) {
     slot.Name = slot.Name.empty() ? L" " : slot.Name;
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        if (TrimBlanks(slot.Param(k)).empty()) {
-            slot.Param(k).clear();
+        if (TrimBlanks(slot.Program(k).Param).empty()) {
+            slot.Program(k).Param.clear();
         }
     }
     return slot;
@@ -67,17 +66,16 @@ void CheckShowing(const ButtonSlot& slot, const FuzzStore& settings) {
     const FakeShell shell;
     ProgramSources sources(settings.store, disk, shell, settings.ansiText);
     sources.LoadShortcutKeys();
-    ButtonSlotEditor editor(
-        slot, {sources, disk, [](const std::wstring&) { return L"http://a.example/"; }, L"Favorites", L"PC"});
+    ButtonSlotEditor editor(slot, {sources, disk, [](const std::wstring&) { return L"http://a.example/"; }});
     Require(editor.Slot() == slot, "looking at a button changes it");
     Require(editor.Option() >= 0 && editor.Option() <= 2, "a launch method that is none");
 
     for (int k = 0; k < kSlots; ++k) {
-        const PickedItem item = PickedPath(slot.AP(k + 1));
-        Require(item.text.find(L'\\') == std::wstring::npos, "a folder in a name");
+        const PickedItem item = PickedPath(slot.Program(k + 1).AP);
+        Require(item.name.find(L'\\') == std::wstring::npos, "a folder in a name");
         Require(editor.SendTargets(item) >= 0 && editor.SendTargets(item) <= kSlots, "targets to send to");
         ButtonSlotEditor dropped = editor;
-        dropped.DropPaths(k, {slot.AP(1), L"C:\\Apps\\Tools.d", slot.AP(2)});
+        dropped.DropPaths(k, {slot.Program(1).AP, L"C:\\Apps\\Tools.d", slot.Program(2).AP});
         CheckSlot(dropped.Slot());
         ButtonSlotEditor chosen = editor;
         chosen.ChooseOption(k % 3);
@@ -120,7 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ButtonSlot slot = CheckStore(settings);
     CheckShowing(slot, settings);
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        CheckPaths(slot.AP(k), slot.Title(k));
+        CheckPaths(slot.Program(k).AP, slot.Program(k).Title);
     }
     return 0;
 }

@@ -36,7 +36,8 @@ def problem(text):
 
 def string_table(language):
     """The program's texts, by id."""
-    source = (ROOT / "src" / "resources" / "StringTable.inc").read_text(encoding="utf-8")
+    files = [ROOT / "src" / "resources" / name for name in ("StringTable.inc", "OwnTexts.inc")]
+    source = "".join(file.read_text(encoding="utf-8") for file in files)
     rows = re.findall(r'^QLB_STRING\((\d+), "((?:[^"\\]|\\.)*)", "((?:[^"\\]|\\.)*)"\)$', source, re.M)
     column = {"en": 1, "ja": 2}[language]
     return {int(row[0]): row[column].replace("\\n", "\n") for row in rows}
@@ -233,9 +234,12 @@ def main():
     values = machine_values()
     if len(values) < 10:
         problem(f"the program's code names too few machine-wide values: {sorted(values)}")
-    for value in sorted(values):
-        if not re.search(rf"\b{value}(?![A-Za-z])", sources.get("makers.html", ""), re.ASCII):
-            problem(f"makers.html doesn't speak of {value}")
+    for_makers = {"makers.html": sources.get("makers.html", ""),
+                  "docs/for-makers.md": (ROOT / "docs" / "for-makers.md").read_text(encoding="utf-8")}
+    for page, text in for_makers.items():
+        for value in sorted(values):
+            if not re.search(rf"\b{value}(?![A-Za-z])", text, re.ASCII):
+                problem(f"{page} doesn't speak of {value}")
 
     contents = SiteMap(decoded("contents", files["QLBUTL.hhc"], codec)).entries
     index = SiteMap(decoded("index", files["QLBUTL.hhk"], codec)).entries

@@ -5,6 +5,7 @@ packages.py FOLDER-OF-PACKAGES HELP-FOLDER VERSION [TEST...]
 """
 
 import os
+import re
 import shutil
 import struct
 import subprocess
@@ -314,6 +315,15 @@ class Bytes(unittest.TestCase):
                                  ("x64-setup.exe", "x64.zip", "x86-setup.exe", "x86.zip")])
         for name in names:
             self.assertTrue(content(os.path.join(again, name)) == content(os.path.join(PACKAGES, name)), name)
+
+    @unittest.skipIf("SOURCE_DATE_EPOCH" in os.environ, "they have that time")
+    def test_files_have_the_date_of_their_version(self):
+        with open(f"{wine.ROOT}/CHANGELOG.md", encoding="utf-8") as file:
+            version, date = re.search(r"^## ([0-9.]+), ([0-9-]+)$", file.read(), re.MULTILINE).groups()
+        self.assertEqual(version, VERSION)
+        wanted = tuple(int(part) for part in date.split("-"))
+        with zipfile.ZipFile(package("x64.zip")) as archive:
+            self.assertEqual({entry.date_time for entry in archive.infolist()}, {(*wanted, 0, 0, 0)})
 
     def test_the_installer_is_for_the_machine_that_its_name_says(self):
         for machine, number in (("x64", 0x8664), ("x86", 0x014C)):

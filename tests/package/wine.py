@@ -16,14 +16,14 @@ def unix_path(path):
     return os.path.join(DRIVE_C, path[3:].replace("\\", "/"))
 
 
-def run(*command, environment=None, wait=60):
+def run(*command, environment=None, wait=180):
     """Runs a Windows program to its end; its exit code."""
     return subprocess.run(["wine", *command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                           stderr=subprocess.DEVNULL, timeout=wait, check=False, cwd="/",
                           env={**os.environ, **(environment or {})}).returncode
 
 
-def wait_for(what, seconds=15):
+def wait_for(what, seconds=60):
     """Whether it comes true in time."""
     end = time.monotonic() + seconds
     while not what():

@@ -76,10 +76,10 @@ public:
         UiDriver::WaitUntil([&] { return !tip.Visible(); }, L"the tip to go");
     }
     void HelpThatIsOpen() {
-        const TestWindow help(L"HH Parent", Text(kTitleText) + Text(kHelpText));
-        Dialog().BringToFront();
+        TestWindow help(L"HH Parent", Text(kTitleText) + Text(kHelpText));
+        help.GiveWayTo(Dialog());
         Item(IDC_cmdHelp).Press();
-        UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+        help.WaitUntilItComesForward();
     }
     void HelpThatStarts() {
         Item(IDC_cmdHelp).Press();

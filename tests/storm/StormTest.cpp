@@ -15,16 +15,14 @@ namespace {
 constexpr int kRounds = 2;
 constexpr int kSeed = 1;
 constexpr int kActions = 25;
-/// The tips' window is made for the first tip.
-constexpr std::size_t kMoreWindows = 1;
+/// The tips' window is made for the first tip, and the last form's empty frame stays.
+constexpr std::size_t kMoreWindows = 2;
 /// What the system keeps for later: menus' and lists' windows, brushes, drawn fonts, freed memory.
 constexpr std::size_t kMoreObjects = 40;
 constexpr std::size_t kMoreHandles = 10;
 constexpr std::size_t kMoreBytes = 4 << 20;
 
-constexpr UiDriver::Milliseconds kPrinting{30000};
 constexpr UiDriver::Milliseconds kLeaving{3000};
-constexpr UiDriver::Milliseconds kTipsEnd{3000};
 
 std::size_t More(std::size_t now, std::size_t before) {
     return now > before ? now - before : 0;
@@ -172,7 +170,7 @@ private:
         const auto noTip = [this] {
             return UiDriver::FindWindows({Program().Id(), TOOLTIPS_CLASSW, {}}).empty();
         };
-        UiDriver::WaitUntil(noTip, L"the tip to go", kTipsEnd);
+        UiDriver::WaitUntil(noTip, L"the tip to go");
         Settle();
     }
 
@@ -240,7 +238,7 @@ private:
             return scene.active.size() == 1 || !Program().Running();
         };
         for (;;) {
-            UiDriver::WaitUntil(one, L"one dialog to be enabled", UiDriver::Milliseconds(2000));
+            UiDriver::WaitUntil(one, L"one dialog to be enabled");
             if (!Program().Running()) {
                 return std::nullopt;
             }
@@ -251,7 +249,7 @@ private:
             if (cancelsPrinting_) {
                 PostMessageW(printing.Hwnd(), WM_CLOSE, 0, 0);
             }
-            printing.WaitUntilGone(kPrinting);
+            printing.WaitUntilGone();
             Settle();
         }
     }

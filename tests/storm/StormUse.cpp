@@ -7,18 +7,14 @@
 using UiDriver::Milliseconds;
 using UiDriver::Window;
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr Milliseconds kBetweenLooks{50};
 constexpr Milliseconds kLongestUnrest{3000};
 constexpr Milliseconds kAtOnce{10};
-constexpr Milliseconds kClosing{1000};
 constexpr int kMostCloses = 100;
 constexpr int kPages = 3;
 constexpr int kMostLooks = 30;
-constexpr Milliseconds kPatience{30000};
 
 /// Whether nothing has opened or closed between the two.
 bool SameLevel(const Scene& a, const Scene& b) {
@@ -52,9 +48,11 @@ int Wanted(const char* environmentVariable, int otherwise) {
 
 void StormUse::StartWatched(const std::wstring& arguments) {
     StartHere(arguments);
-    // A short run has other tests beside it, which take their share of the machine.
+    // A short run is one of many tests, which may not fail because the machine is busy.
     const bool longRun = Wanted("QLB_STORM_ROUNDS", 0) != 0 || Wanted("QLB_LEAK_TIMES", 0) != 0;
-    watch_ = std::make_unique<Watch>(Program().Id(), longRun ? 2s : 5s);
+    watch_ = std::make_unique<Watch>(
+        Program().Id(),
+        longRun ? Watch::kLimits : Watch::Limits{UiDriver::kDefaultTimeout, UiDriver::kDefaultTimeout});
 }
 
 void StormUse::StartWarm() {
@@ -98,10 +96,13 @@ void StormUse::Print() const {
     Dialog().Control(IDC_cmdPrint).Press();
     const Window dialog = AwaitOver(Dialog());
     dialog.Control(IDOK).Press();
-    dialog.WaitUntilGone(kPatience);
-    const auto alone = [&] { return Alone(); };
-    UiDriver::WaitUntil([&] { return UiDriver::HoldsFor(alone, 2 * kBetweenLooks); },
-                        L"the end of the printing", kPatience);
+    dialog.WaitUntilGone();
+    // Between that dialog and the printing the settings dialog is enabled, but does not answer.
+    const auto done = [&] {
+        Dialog().WaitUntilAnswers();
+        return Alone();
+    };
+    UiDriver::WaitUntil(done, L"the end of the printing");
 }
 
 Window StormUse::AwaitOver(const Window& owner) const {
@@ -111,7 +112,7 @@ Window StormUse::AwaitOver(const Window& owner) const {
             const bool opened = scene.active.size() == 1 && scene.Active().Hwnd() != owner.Hwnd();
             return opened ? std::optional(scene.Active()) : std::nullopt;
         },
-        L"a dialog over the one before", kPatience);
+        L"a dialog over the one before");
 }
 
 void StormUse::AskParameter() const {
@@ -161,7 +162,7 @@ Figures StormUse::Held() const {
 }
 
 bool StormUse::Stays(const Window& window) {
-    return UiDriver::HoldsFor([&] { return window.Exists(); }, kClosing);
+    return UiDriver::HoldsFor([&] { return window.Exists(); }, UiDriver::kDefaultTimeout);
 }
 
 void StormUse::CloseTop(const Scene& scene) const {

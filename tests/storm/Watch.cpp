@@ -11,13 +11,11 @@ using UiDriver::Window;
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks = 50ms;
-/// A dialog's owner is enabled before the dialog goes, and for that moment there are two.
-constexpr std::chrono::milliseconds kDoubt = 300ms;
 
 } // namespace
 
-Watch::Watch(DWORD processId, std::chrono::milliseconds answerLimit)
-    : processId_(processId), answerLimit_(answerLimit), thread_([this](const std::stop_token& stop) {
+Watch::Watch(DWORD processId, const Limits& limits)
+    : processId_(processId), limits_(limits), thread_([this](const std::stop_token& stop) {
           while (!stop.stop_requested()) {
               {
                   const std::lock_guard lock(mutex_);
@@ -62,7 +60,7 @@ void Watch::Ask(HWND window) {
     const Clock::time_point start = Clock::now();
     DWORD_PTR result = 0;
     const bool answered = SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL,
-                                              static_cast<UINT>(answerLimit_.count()), &result) != 0;
+                                              static_cast<UINT>(limits_.answer.count()), &result) != 0;
     const bool timedOut = !answered && GetLastError() == ERROR_TIMEOUT;
     const Clock::duration time = Clock::now() - start;
     longestAnswer_ = std::max(longestAnswer_, time);
@@ -81,7 +79,7 @@ void Watch::CountDialogs() {
     const Clock::time_point now = Clock::now();
     doubtSince_ = doubtSince_.value_or(now);
     longestDoubt_ = std::max(longestDoubt_, now - *doubtSince_);
-    if (now - *doubtSince_ >= kDoubt) {
+    if (now - *doubtSince_ >= limits_.doubt) {
         fault_ = L"more than one dialog is enabled: " + UiDriver::FromUtf8(Description(scene));
     }
 }

@@ -15,7 +15,15 @@ class Watch {
 public:
     using Clock = std::chrono::steady_clock;
 
-    explicit Watch(DWORD processId, std::chrono::milliseconds answerLimit = std::chrono::seconds(2));
+    struct Limits {
+        std::chrono::milliseconds answer; ///< a window may take so long for one
+        /// A dialog's owner is enabled before the dialog goes, and for that moment there are two.
+        std::chrono::milliseconds doubt;
+    };
+    /// On a machine that has nothing else to do.
+    static constexpr Limits kLimits{std::chrono::seconds(2), std::chrono::milliseconds(300)};
+
+    explicit Watch(DWORD processId, const Limits& limits = kLimits);
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
     ~Watch();
@@ -34,7 +42,7 @@ private:
     void CountDialogs();
 
     const DWORD processId_;
-    const std::chrono::milliseconds answerLimit_;
+    const Limits limits_;
     mutable std::mutex mutex_;
     Clock::duration longestAnswer_{};
     Clock::duration longestDoubt_{};

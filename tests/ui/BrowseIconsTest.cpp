@@ -6,8 +6,7 @@ using UiDriver::Picture;
 
 class BrowseIcons : public BrowseUse {
 protected:
-    /// Waits until the tree shows an image before the node's text. It looks at the screen: asking the tree would
-    /// make it fetch the image.
+    /// Waits until the tree shows an image before the node's text, on the screen.
     void AwaitImageOnScreen(const Path& node) const {
         const RECT place = StartMenu().ImageRect(node);
         const auto drawn = [&] {

@@ -1,4 +1,5 @@
 #include "RegisterUse.h"
+#include "WizardUse.h"
 
 #include <filesystem>
 #include <set>
@@ -33,13 +34,18 @@ TEST_F(Examples, AllHaveATestHere) {
                                       L"start-menu-and-files-only", L"swapped-buttons", L"three-buttons"}));
 }
 
-TEST_F(Examples, Keyboard_LetsTheProgramStart) {
-    Machine().Erase(L"QLBB");
+TEST_F(Examples, Keyboard_LetsTheProgramStartAndTheWizardOfferItsButtons) {
+    UiDriver::Store::Wipe();
     const auto refused = UiDriver::Process::Start(ProgramPath(), L"/k");
     ASSERT_EQ(refused.WaitForExit(), DWORD{EXIT_SUCCESS});
     Import(L"keyboard");
     Start();
     ExpectAlive();
+    Item(IDC_cmdWizard0).Press();
+    const auto wizard = UiDriver::WaitForForm(Program(), Text(kTitleText) + L' ' + Text(kWizardTitleText));
+    for (int option = 0; option < 5; ++option) {
+        EXPECT_TRUE(wizard.Control(IDC_optMFButton0 + option).Visible()) << option;
+    }
 }
 
 TEST_F(Examples, ThreeButtons_ShowsThreeBelowEachOther) {

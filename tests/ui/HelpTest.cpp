@@ -39,18 +39,18 @@ protected:
     }
 
     static void ExpectTheHelpKeyToOpenHelp(const UiDriver::Window& form) {
-        const TestWindow help(L"HH Parent", HelpTitle());
-        form.BringToFrontForGood();
+        TestWindow help(L"HH Parent", HelpTitle());
+        help.GiveWayTo(form);
         form.WaitUntilAnswers();
         Keyboard::Press(VK_F1);
-        UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+        help.WaitUntilItComesForward();
     }
     static void ExpectTheHelpKeyToDoNothing(const UiDriver::Window& form) {
-        const TestWindow help(L"HH Parent", HelpTitle());
-        form.BringToFrontForGood();
+        TestWindow help(L"HH Parent", HelpTitle());
+        help.GiveWayTo(form);
         form.WaitUntilAnswers();
         Keyboard::Press(VK_F1);
-        EXPECT_TRUE(UiDriver::HoldsFor([&] { return form.Foreground(); }, UiDriver::Milliseconds(300)));
+        EXPECT_TRUE(UiDriver::HoldsFor([&] { return !help.CameForward(); }, UiDriver::Milliseconds(300)));
     }
     static std::wstring WizardTitle() { return Text(kTitleText) + L' ' + Text(kWizardTitleText); }
 
@@ -82,30 +82,30 @@ TEST_F(Help, IsEnabledWithItsFile) {
 TEST_F(Help, BringsTheOpenHelpWindowForward) {
     MakeHelpFile();
     StartCopy();
-    const TestWindow help(L"HH Parent", HelpTitle());
-    Dialog().BringToFrontForGood();
+    TestWindow help(L"HH Parent", HelpTitle());
+    help.GiveWayTo(Dialog());
     Item(IDC_cmdHelp).Press();
-    UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+    help.WaitUntilItComesForward();
     ExpectAlive();
 }
 
 TEST_F(Help, TheHelpKeyDoesTheSame) {
     MakeHelpFile();
     StartCopy();
-    const TestWindow help(L"HH Parent", HelpTitle());
-    Dialog().BringToFrontForGood();
+    TestWindow help(L"HH Parent", HelpTitle());
+    help.GiveWayTo(Dialog());
     NameBox(1).Focus();
     Keyboard::Press(VK_F1);
-    UiDriver::WaitUntil([&] { return help.Shown().Foreground(); }, L"the help window to come forward");
+    help.WaitUntilItComesForward();
 }
 
 TEST_F(Help, TheHelpKeyDoesNothingWithoutTheFile) {
     StartCopy();
-    const TestWindow help(L"HH Parent", HelpTitle());
-    Dialog().BringToFrontForGood();
+    TestWindow help(L"HH Parent", HelpTitle());
+    help.GiveWayTo(Dialog());
     NameBox(1).Focus();
     Keyboard::Press(VK_F1);
-    EXPECT_TRUE(UiDriver::HoldsFor([&] { return Dialog().Foreground(); }, UiDriver::Milliseconds(300)));
+    EXPECT_TRUE(UiDriver::HoldsFor([&] { return !help.CameForward(); }, UiDriver::Milliseconds(300)));
     ExpectAlive();
 }
 

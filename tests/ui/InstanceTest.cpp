@@ -67,6 +67,18 @@ TEST_F(Instance, AfterTheFirstHasEndedAnotherStartOpens) {
     ExpectAlive();
 }
 
+TEST_F(Instance, AStartRightAfterTheDialogWasClosedOpens) {
+    std::vector<Process> programs; // ended ones may take their time
+    for (int round = 0; round < 10; ++round) {
+        programs.push_back(Process::Start(ProgramPath(), L"/k"));
+        const UiDriver::Window dialog = UiDriver::WaitForForm(programs.back(), Text(kTitleText));
+        dialog.WaitUntilAnswers();
+        dialog.Close();
+        while (IsWindowVisible(dialog.Hwnd())) {
+        }
+    }
+}
+
 TEST_F(Instance, AfterTheFirstWasKilledAnotherStartOpens) {
     {
         Process first = Process::Start(ProgramPath(), L"/k");

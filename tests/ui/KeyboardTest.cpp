@@ -1,4 +1,4 @@
-#include "UiTest.h"
+#include "RegisterUse.h"
 
 #include <algorithm>
 
@@ -169,6 +169,40 @@ TEST_F(KeyboardUse, TheMnemonicsOfTheOnScreenPageGoToItsBoxes) {
     AwaitFocus(IDC_cmbFontName);
     Keyboard::Press({VK_MENU}, L'S');
     AwaitFocus(IDC_cmbFontSize);
+}
+
+TEST_F(KeyboardUse, EnterOnAPictureOpensItsDialogHoweverTheFocusCameThere) {
+    StartInFront();
+    const auto closeDialog = [&] {
+        const auto form = UiDriver::WaitForForm(Program(), Text(kRegisterTitleText));
+        form.Control(IDC_cmdCancel).Press();
+        form.WaitUntilGone();
+        Dialog().BringToFrontForGood();
+    };
+    const auto enter = [&](int button) {
+        AwaitFocus(IDC_picButton0 + button - 1);
+        Keyboard::Press(VK_RETURN);
+        closeDialog();
+    };
+    PictureOf(2).Click();
+    closeDialog();
+    enter(2);
+    Keyboard::Press(VK_TAB);
+    Keyboard::Press(VK_TAB);
+    enter(3);
+    NameBox(1).Click();
+    Keyboard::Press({VK_SHIFT}, VK_TAB);
+    enter(1);
+    PictureOf(4).Focus(); // as a screen reader does it
+    enter(4);
+}
+
+TEST_F(KeyboardUse, EnterElsewhereIsOk) {
+    StartInFront();
+    PictureOf(2).Focus();
+    NameBox(2).Click();
+    Keyboard::Press(VK_RETURN);
+    ExpectEnd();
 }
 
 class PageKeys : public KeyboardUse {

@@ -15,8 +15,8 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-constexpr UiDriver::Milliseconds kQuiet{300};     ///< without a write: the operation is over
-constexpr UiDriver::Milliseconds kPatience{5000}; ///< for the first write
+constexpr UiDriver::Milliseconds kQuiet{300};      ///< without a write: the operation is over
+constexpr UiDriver::Milliseconds kPatience{30000}; ///< for the first write
 
 /// Sees writes, however little they change.
 class WriteWatch {
@@ -74,7 +74,7 @@ private:
 
 /// A form that closes meanwhile needs no answer.
 void AwaitAnswer(const UiDriver::Process& program) {
-    constexpr UINT kLong = 10'000;
+    constexpr UINT kLong = 30'000;
     for (const UiDriver::Window& form : UiDriver::Forms(program)) {
         SendMessageTimeoutW(form.Hwnd(), WM_NULL, 0, 0, SMTO_NORMAL, kLong, nullptr);
     }

@@ -1,6 +1,7 @@
 #include "Fonts.h"
 #include "UiTest.h"
 
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -10,8 +11,8 @@ using UiDriver::Picture;
 
 class OnScreenPage : public UiTest {
 protected:
-    static constexpr int kChoices[] = {IDC_lblFontName, IDC_cmbFontName,  IDC_lblFontSize,
-                                       IDC_cmbFontSize, IDC_lblFontColor, IDC_CmdFontColor};
+    static constexpr int kChoices[] = {IDC_lblFontName,  IDC_cmbFontName,  IDC_lblFontSize, IDC_cmbFontSize,
+                                       IDC_lblFontColor, IDC_CmdFontColor, IDC_lblPreview,  IDC_picPreview};
 
     void StartOnPage() { Start(L"/t:2"); }
 
@@ -154,6 +155,31 @@ TEST_F(OnScreenPage, ThePreviewShowsTheColour) {
     dialog.Enter(kChosen);
     dialog.Ok();
     EXPECT_GT(Picture::CaptureStill(preview).CountOf(kRedPixel), 0U);
+}
+
+TEST_F(OnScreenPage, ThePreviewOfADisplayThatIsOffIsGrey) {
+    const auto colourful = [](std::uint32_t pixel) {
+        const auto channel = [&](int shift) { return static_cast<int>(pixel >> shift & 0xFFU); };
+        const auto [least, most] = std::minmax({channel(0), channel(8), channel(16)});
+        return most - least > 24;
+    };
+    const auto anyColour = [&] {
+        const Picture look = Picture::CaptureStill(Item(IDC_picPreview).Hwnd());
+        for (int y = 0; y < look.Height(); ++y) {
+            for (int x = 0; x < look.Width(); ++x) {
+                if (colourful(look.Pixel(x, y))) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    StartOnPage();
+    EXPECT_TRUE(anyColour());
+    ToggleDisplay();
+    UiDriver::WaitUntil([&] { return !anyColour(); }, L"the preview to lose its colours");
+    ToggleDisplay();
+    UiDriver::WaitUntil(anyColour, L"the preview to get its colours back");
 }
 
 TEST_F(OnScreenPage, ThePreviewFollowsTheSize) {

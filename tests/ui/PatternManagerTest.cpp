@@ -7,7 +7,6 @@ using testing::ElementsAre;
 using UiDriver::HoldsFor;
 using UiDriver::Milliseconds;
 using UiDriver::ModalBox;
-using UiDriver::RawValue;
 namespace Keyboard = UiDriver::Keyboard;
 
 class PatternManager : public PatternManagerUse {
@@ -280,14 +279,16 @@ TEST_F(PatternManagerEdits, AreSavedUnderTheNumberThatTheirPatternHasByThen) {
     ExpectStore(2, {Seeded(2), edited});
 }
 
-TEST_F(PatternManagerEdits, StayUnderTheNumberThatAnotherProgramMadeCurrent) {
+TEST_F(PatternManagerEdits, NeverGoOverThePatternThatAnotherProgramMadeCurrent) {
     Start(L"/t:0");
     NameBox(2).SetText(NewName());
     OpenManager();
     User().SetDword(L"CurrSetting", 2);
     CloseManager();
     EXPECT_EQ(Combo(IDC_cmbUserName0).SelectedText(), Seeded(2).name);
-    EXPECT_EQ(NameBox(2).Text(), NewName());
+    EXPECT_EQ(ShownNames(1, 5), NamesOf(Seeded(2), 1, 5));
+    Item(IDC_cmdOK).Press();
+    ExpectEnd();
     ExpectStore(2, SeededPatterns());
 }
 
@@ -311,13 +312,39 @@ TEST_F(PatternManagerOddStore, ACountOfNoneIsOne) {
     ExpectOnePatternAndRoomForMore();
 }
 
-TEST_F(PatternManagerOddStore, ACountBeyondTenIsOne) {
-    User().SetDword(L"NumSetting", 11);
-    ExpectOnePatternAndRoomForMore();
+TEST_F(PatternManagerOddStore, ACountBeyondTenTakesNoFurtherPatternUntilSomeAreDeleted) {
+    std::vector<StoredPattern> expected = ManyPatterns(12);
+    WriteStore(1, expected);
+    StartManager();
+    ExpectList(NamesIn(expected), 0);
+    for (const int deleted : {11, 1, 4}) {
+        EXPECT_FALSE(Button(IDC_cmdAdd).Enabled());
+        EXPECT_FALSE(Button(IDC_cmdCopy).Enabled());
+        AskDelete(deleted).Press(IDOK);
+        expected.erase(expected.begin() + deleted);
+        ExpectList(NamesIn(expected), std::min(deleted, static_cast<int>(expected.size()) - 1));
+    }
+    EXPECT_TRUE(Button(IDC_cmdAdd).Enabled());
+    EXPECT_TRUE(Button(IDC_cmdCopy).Enabled());
+    CloseManager();
+    EXPECT_EQ(Combo(IDC_cmbUserName0).Items(), NamesIn(expected));
+    ExpectStore(1, expected);
+}
+
+TEST_F(PatternManagerOddStore, AnAbsurdCountListsTen) {
+    User().SetDword(L"NumSetting", 2'000'000'000);
+    StartManager();
+    std::vector<std::wstring> expected = NamesIn(SeededPatterns());
+    expected.resize(10, SeededDefault().name);
+    ExpectList(expected, 0);
+    EXPECT_FALSE(Button(IDC_cmdAdd).Enabled());
+    CloseManager();
+    EXPECT_EQ(ReadPattern(Set(2)), Seeded(2));
 }
 
 TEST_F(PatternManagerOddStore, ATextAsTheCountIsOne) {
-    User().SetRaw(L"NumSetting", RawValue{REG_SZ, {'m', 0, 0, 0}});
+    User().Erase(L"NumSetting");
+    User().SetString(L"NumSetting", L"several");
     ExpectOnePatternAndRoomForMore();
 }
 

@@ -1,4 +1,4 @@
-#include "UiTest.h"
+#include "RegisterUse.h"
 
 namespace {
 
@@ -100,6 +100,20 @@ TEST_F(Pictures, AnUnknownMethodShowsTheEmptyPictureAndIsNoChange) {
     Item(IDC_cmdOK).Press();
     ExpectEnd();
     EXPECT_EQ(StoreDump(), before);
+}
+
+TEST_F(Pictures, AnUnknownMethodShowsItsPictureOnceItsDialogWasOpen) {
+    SetMethod(1, L"X", 1);
+    Start();
+    AwaitAlike(1, 5);
+    PictureOf(1).Press();
+    const UiDriver::Window dialog = UiDriver::WaitForForm(Program(), Text(kRegisterTitleText));
+    dialog.WaitUntilAnswers();
+    dialog.Control(IDC_cmdCancel).Press();
+    dialog.WaitUntilGone();
+    AwaitAlike(1, 2);
+    Item(IDC_cmdOK).Press();
+    ExpectEnd();
 }
 
 TEST_F(Pictures, AnUnknownMethodIsStoredAsSingleByApply) {

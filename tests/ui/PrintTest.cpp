@@ -5,8 +5,6 @@
 #include <dlgs.h>
 #include <winspool.h>
 
-#include <chrono>
-
 using UiDriver::Milliseconds;
 using UiDriver::ModalBox;
 using UiDriver::Window;
@@ -15,6 +13,7 @@ namespace {
 
 using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 using testing::StartsWith;
 
 constexpr Milliseconds kPrinterTime{30000}; // the first use of a printer's fonts takes seconds
@@ -51,9 +50,9 @@ class Print : public UiTest {
 protected:
     static std::wstring Output() { return ScratchFolder::Path() + L"\\out.ps"; }
 
-    /// The default printer prints into Output, by way of `before`.
-    void InstallPrinter(const std::wstring& before = {}) {
-        printer_.emplace(before + L"cat >'" + UiDriver::FromUtf8(UiDriver::UnixPath(Output())) + L"'");
+    /// The default printer prints into Output.
+    void InstallPrinter() {
+        printer_.emplace(L"cat >'" + UiDriver::FromUtf8(UiDriver::UnixPath(Output())) + L"'");
     }
     void RemovePrinter() { printer_.reset(); }
 
@@ -69,21 +68,23 @@ protected:
         WritePattern(Set(1), pattern);
     }
 
-    /// By the ids of the system's template, which are the same in all languages.
-    std::optional<Window> FindPrintDialog() const {
-        for (const Window& window : UiDriver::FindWindows({Program().Id(), L"#32770", std::nullopt})) {
-            if (window.HasControl(rad3) && window.HasControl(edt3)) {
-                return window;
+    /// A dialog of the system's, by an id of its template, which is the same in all languages.
+    Window SystemDialogWith(int control) const {
+        const auto find = [&]() -> std::optional<Window> {
+            for (const Window& window : UiDriver::FindWindows({Program().Id(), L"#32770", std::nullopt})) {
+                if (window.HasControl(control)) {
+                    return window;
+                }
             }
-        }
-        return std::nullopt;
+            return std::nullopt;
+        };
+        const Window dialog = UiDriver::WaitForValue(find, L"a dialog of the system's", kPrinterTime);
+        dialog.WaitUntilAnswers();
+        return dialog;
     }
     Window PressPrint() const {
         Item(IDC_cmdPrint).Press();
-        const Window dialog =
-            UiDriver::WaitForValue([&] { return FindPrintDialog(); }, L"the print dialog", kPrinterTime);
-        dialog.WaitUntilAnswers();
-        return dialog;
+        return SystemDialogWith(rad3);
     }
     void Answer(const Window& dialog, int button) const {
         dialog.Control(button).Press();
@@ -104,14 +105,29 @@ protected:
             L"the window of the printing", kPrinterTime);
     }
 
-    /// The dialog is enabled for a moment also between the system's dialog and the printing.
+    /// Prints so much that it doesn't come to its end by itself.
+    Window PressPrintOfManyCopies() {
+        MakeLongPattern();
+        InstallPrinter();
+        Start();
+        const Window dialog = PressPrint();
+        dialog.Control(edt3).SetText(L"999");
+        Answer(dialog, IDOK);
+        return PrintingWindow();
+    }
+    void GiveUp(const Window& waiting) const {
+        waiting.Close();
+        WaitUntilDone();
+    }
+
+    /// Between the system's dialog and the printing the dialog is enabled, but does not answer.
     void WaitUntilDone() const {
-        const auto idle = [&] {
-            Dialog().WaitUntilAnswers();
-            return Dialog().Enabled() && UiDriver::Forms(Program()).size() == 1;
-        };
-        UiDriver::WaitUntil([&] { return UiDriver::HoldsFor(idle, Milliseconds(200)); },
-                            L"the program to be done with printing", kPrinterTime);
+        UiDriver::WaitUntil(
+            [&] {
+                Dialog().WaitUntilAnswers();
+                return Dialog().Enabled() && UiDriver::Forms(Program()).size() == 1;
+            },
+            L"the program to be done with printing", kPrinterTime);
     }
 
     /// Waits until it is complete.
@@ -124,6 +140,9 @@ protected:
             },
             L"the printout", kPrinterTime);
         return bytes;
+    }
+    static void ExpectNoPrintout() {
+        EXPECT_EQ(UiDriver::ReadBytes(Output()).value_or("").find("%%EOF"), std::string::npos);
     }
     static std::size_t PagesOf(const std::string& printout) { return Count(printout, "\n%%Page: "); }
 
@@ -156,8 +175,7 @@ TEST_F(Print, PrintsNothing_AfterCancel) {
     Start();
     Answer(PressPrint(), IDCANCEL);
     WaitUntilDone();
-    EXPECT_TRUE(
-        UiDriver::HoldsFor([] { return !UiDriver::ReadBytes(Output()).has_value(); }, Milliseconds(500)));
+    ExpectNoPrintout();
     ExpectUsable();
 }
 
@@ -181,20 +199,52 @@ TEST_F(Print, PrintsAllPagesOrThoseChosen) {
     ExpectUsable();
 }
 
-TEST_F(Print, AnswersAndShowsAWindow_WhileAPrinterIsSlow) {
-    InstallPrinter(L"sleep 3; ");
-    Start();
-    Answer(PressPrint(), IDOK);
-    const Window waiting = PrintingWindow();
-    Dialog().WaitUntilAnswers();
+TEST_F(Print, ShowsAWindowThatAnswers_WhileItDraws) {
+    const Window waiting = PressPrintOfManyCopies();
     EXPECT_FALSE(Dialog().Enabled());
     EXPECT_EQ(waiting.Owner(), Dialog().Hwnd());
     EXPECT_TRUE(waiting.Control(IDC_cmdCancel).Enabled());
     EXPECT_THAT(waiting.Control(IDC_lblPrinting).Text(), Not(IsEmpty()));
     EXPECT_EQ(waiting.FocusedHwnd(), waiting.Control(IDC_cmdCancel).Hwnd());
     EXPECT_EQ(UiDriver::Accessible::Of(waiting.FocusedHwnd()).name, Text(kCancelText));
+    GiveUp(waiting);
+}
+
+TEST_F(Print, LetsNothingOpenOrEndTheProgram_WhileItDraws) {
+    const Window waiting = PressPrintOfManyCopies();
+    for (const int id : {IDC_cmdPrint, IDC_picButton0, IDC_cmdUserManager0, IDC_cmdWizard0, IDC_cmdOK}) {
+        Item(id).Press();
+    }
+    Dialog().Close();
+    PostMessageW(Dialog().Hwnd(), WM_CLOSE, 0, 0);
+    EXPECT_THAT(UiDriver::Forms(Program()), SizeIs(2));
+    EXPECT_FALSE(ModalBox::IsOpen(Program()));
+    EXPECT_TRUE(waiting.Visible());
+    EXPECT_FALSE(Dialog().Enabled());
+    GiveUp(waiting); // by a message that comes after those
+    ExpectUsable();
+}
+
+TEST_F(Print, EndsTheDocument_WhenCancelIsPressed) {
+    const Window waiting = PressPrintOfManyCopies();
+    waiting.Control(IDC_cmdCancel).Press();
     WaitUntilDone();
-    EXPECT_EQ(PagesOf(Printout()), 1U);
+    ExpectNoPrintout();
+    ExpectUsable();
+}
+
+TEST_F(Print, EndsTheDocument_WhenTheCloseBoxIsPressed) {
+    GiveUp(PressPrintOfManyCopies());
+    ExpectNoPrintout();
+    ExpectUsable();
+}
+
+TEST_F(Print, EndsTheDocument_WhenEscapeIsPressed) {
+    const Window waiting = PressPrintOfManyCopies();
+    waiting.BringToFrontForGood();
+    UiDriver::Keyboard::Press(VK_ESCAPE);
+    WaitUntilDone();
+    ExpectNoPrintout();
     ExpectUsable();
 }
 
@@ -211,22 +261,6 @@ TEST_F(Print, SaysThatThePrinterCannotBeOpened) {
     ExpectUsable();
 }
 
-TEST_F(Print, ComesToAnEnd_WhenGivenUpWhileThePrinterIsStuck) {
-    const std::wstring stuck = ScratchFolder::Path() + L"\\stuck";
-    InstallPrinter(L"touch '" + UiDriver::FromUtf8(UiDriver::UnixPath(stuck)) + L"'; sleep 12; ");
-    Start();
-    Answer(PressPrint(), IDOK);
-    const Window waiting = PrintingWindow();
-    UiDriver::WaitUntil([&] { return UiDriver::ReadBytes(stuck).has_value(); }, L"the printer to get stuck",
-                        kPrinterTime);
-    const auto start = std::chrono::steady_clock::now();
-    waiting.Control(IDC_cmdCancel).Press();
-    UiDriver::WaitUntil([&] { return !waiting.Control(IDC_cmdCancel).Enabled(); }, L"Cancel to be disabled");
-    WaitUntilDone();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, Milliseconds(9000));
-    ExpectUsable();
-}
-
 TEST_F(Print, MakesTheCopiesThatAreAskedFor) {
     InstallPrinter();
     Start();
@@ -235,6 +269,25 @@ TEST_F(Print, MakesTheCopiesThatAreAskedFor) {
     Answer(dialog, IDOK);
     WaitUntilDone();
     EXPECT_EQ(PagesOf(Printout()), 3U);
+}
+
+TEST_F(Print, PrintsIntoTheFileThatIsChosen) {
+    InstallPrinter();
+    Start();
+    const std::wstring file = ScratchFolder::Path() + L"\\chosen.prn";
+    for (const int answer : {IDCANCEL, IDOK}) {
+        const Window dialog = PressPrint();
+        dialog.Control(chx1).Press();
+        Answer(dialog, IDOK);
+        const Window question = SystemDialogWith(cmb13);
+        UiDriver::Control(question.FocusedHwnd()).SetText(file);
+        PostMessageW(question.Hwnd(), WM_COMMAND, static_cast<WPARAM>(answer), 0);
+        question.WaitUntilGone(kPrinterTime);
+        WaitUntilDone();
+        EXPECT_EQ(UiDriver::ReadBytes(file).has_value(), answer == IDOK);
+    }
+    EXPECT_EQ(PagesOf(UiDriver::ReadBytes(file).value_or("")), 1U);
+    ExpectNoPrintout();
 }
 
 TEST_F(Print, LeavesTheDialogUsable_WithoutAPrinter) {

@@ -31,7 +31,7 @@ void RegisterUse::AwaitForm() {
     form_.emplace(UiDriver::WaitForForm(Program(), Text(kRegisterTitleText)));
     form_->WaitUntilAnswers();
     form_->BringToFront();
-    Reveal(Menu(), MenuNode(MenuFile(kMenuFiles)));
+    Reveal(Menu(), MenuNode(CommonFile()));
 }
 
 void RegisterUse::OpenTab(int captionText) const {

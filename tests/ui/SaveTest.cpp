@@ -77,8 +77,7 @@ TEST_F(Saving, ApplyTellsTheLauncherOnce) {
     StartAndRename();
     Apply();
     const auto entries = launcher.WaitForEntries(1);
-    EXPECT_TRUE(
-        UiDriver::HoldsFor([&] { return launcher.Entries().size() == 1; }, UiDriver::Milliseconds(200)));
+    launcher.RequireEntries(1);
     EXPECT_EQ(entries[0].Message(), 1336U);
     EXPECT_EQ(entries[0].WParam(), 1U);
     EXPECT_TRUE(entries[0].Sent());
@@ -115,11 +114,30 @@ TEST_F(Saving, ApplyKeepsTheDialogOpenAndOkThenAsksNothing) {
     ExpectEnd();
 }
 
-TEST_F(Saving, AnEmptyNameIsStoredAsOneBlank) {
+TEST_F(Saving, AnEmptyNameIsStoredAsOneBlankAndItsBoxStaysEmpty) {
     Start();
     NameBox(3).SetText(L"");
     Apply();
     EXPECT_EQ(AppKey(1, 3).String(L"DispTitle"), L" ");
+    EXPECT_EQ(NameBox(3).Text(), L"");
+}
+
+TEST_F(Saving, ButtonsStoredInOnePlaceAreSetAlike) {
+    Machine().Sub(L"UTLSetting\\ConvAppKey").SetDword(L"AppKey6", 2);
+    Start();
+    OpenPage(1);
+    EXPECT_EQ(NameBox(6).Text(), Seeded(1).Button(2).name);
+    OpenPage(0);
+    NameBox(2).SetText(NewName());
+    Apply();
+    EXPECT_EQ(AppKey(1, 2).String(L"DispTitle"), NewName());
+    OpenPage(1);
+    EXPECT_EQ(NameBox(6).Text(), NewName());
+    NameBox(6).SetText(L"Other");
+    OpenPage(0);
+    EXPECT_EQ(NameBox(2).Text(), L"Other");
+    Apply();
+    EXPECT_EQ(AppKey(1, 2).String(L"DispTitle"), L"Other");
 }
 
 TEST_F(Saving, TenThousandCharactersInANameHarmNothing) {

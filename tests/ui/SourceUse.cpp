@@ -23,13 +23,14 @@ void MakeFile(const std::wstring& path, const std::string& bytes = {}) {
 
 SourceUse::SourceUse()
     : userMenu_(HKEY_CURRENT_USER, L"Start Menu", UserMenu()),
-      allUsersMenu_(HKEY_LOCAL_MACHINE, L"Common Start Menu", ScratchFolder::Path() + L"\\all\\Start Menu"),
+      allUsersMenu_(HKEY_LOCAL_MACHINE, L"Common Start Menu", AllUsersMenu()),
       favorites_(HKEY_CURRENT_USER, L"Favorites", Favorites()), current_(Seeded(1)) {
     MakeFile(MenuPath(MenuProgram()));
     for (int number = 1; number <= kMenuFiles; ++number) {
         MakeFile(MenuPath(MenuFile(number)));
     }
     MakeFile(MenuPath(FolderName()) + L"\\inner.exe");
+    MakeFile(AllUsersMenu() + L'\\' + CommonFile());
     MakeFile(Favorites() + L"\\News.url", "[InternetShortcut]\r\nURL=http://example/news?a=1\r\n");
     MakeFile(Favorites() + L'\\' + FolderName() + L"\\inner.url");
     MakeFile(Files() + L"\\report.final.xls");
@@ -47,6 +48,16 @@ void SourceUse::TearDown() {
 void SourceUse::OfferAll() const {
     Machine().Sub(L"UTLSetting\\ProgramGroup").SetDword(L"MCMenu", 1);
     Machine().Sub(L"UTLSetting\\ProgramGroup").SetDword(L"IEMenu", 1);
+}
+
+void SourceUse::NameUserMenu(const std::optional<std::wstring>& path) {
+    const UiDriver::RegistryKey folders(
+        HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders");
+    if (path) {
+        folders.SetString(L"Start Menu", *path);
+    } else {
+        folders.Erase(L"Start Menu");
+    }
 }
 
 SourceUse::Offer SourceUse::OfferOf(Source source) {
@@ -164,6 +175,5 @@ void SourceUse::ExpectToldOnce(const StoredPattern& current) {
     const std::vector<UiDriver::LauncherEntry> entries = TheLauncher().WaitForEntries(1);
     EXPECT_EQ(entries[0].Message(), UiDriver::Launcher::kSettingsChanged);
     EXPECT_EQ(SeenPattern(entries[0]), current);
-    EXPECT_TRUE(
-        UiDriver::HoldsFor([&] { return TheLauncher().Entries().size() == 1; }, UiDriver::Milliseconds(200)));
+    TheLauncher().RequireEntries(1);
 }

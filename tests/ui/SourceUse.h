@@ -3,6 +3,7 @@
 #include "BrowseUse.h"
 #include "UiTest.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,8 +30,14 @@ protected:
     void TearDown() override;
 
     static std::wstring UserMenu() { return ScratchFolder::Path() + L"\\user\\Start Menu"; }
+    static std::wstring AllUsersMenu() { return ScratchFolder::Path() + L"\\all\\Start Menu"; }
     static std::wstring Favorites() { return ScratchFolder::Path() + L"\\user\\Favorites"; }
     static std::wstring Files() { return ScratchFolder::Path() + L"\\files"; }
+
+    /// What the system names as the user's Start Menu; nothing for none.
+    static void NameUserMenu(const std::optional<std::wstring>& path);
+    /// A file for all users, which the user does not have.
+    static std::wstring CommonFile() { return L"Common.exe"; }
 
     static Offer OfferOf(Source source);
 

@@ -2,6 +2,7 @@
 
 #include "driver/Driver.h"
 
+#include <atomic>
 #include <string>
 #include <thread>
 
@@ -15,7 +16,18 @@ public:
 
     UiDriver::Window Shown() const { return UiDriver::Window(hwnd_); }
 
+    /// Brings another window to the front.
+    void GiveWayTo(const UiDriver::Window& other);
+    /// Whether it was in front since it gave way, if only for a moment: the window manager may give the focus back.
+    bool CameForward() const { return cameForward_; }
+    void WaitUntilItComesForward() const;
+
 private:
+    static LRESULT CALLBACK WindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+    HWND Create(const std::wstring& className, const std::wstring& title);
+
+    std::atomic<bool> inFront_ = false;
+    std::atomic<bool> cameForward_ = false;
     HWND hwnd_ = nullptr;
     std::thread thread_;
 };

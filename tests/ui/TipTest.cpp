@@ -1,3 +1,5 @@
+#include "BrowseUse.h"
+#include "TestDrive.h"
 #include "UiTest.h"
 
 namespace {
@@ -58,6 +60,24 @@ TEST_F(Tips, NameWhatIsSetNow) {
     LeaveThePictures();
     Item(IDC_cmdDefault0).Press();
     EXPECT_NE(TipOf(4), L"A\r\nB");
+}
+
+TEST_F(Tips, LookAtNothingOnANetwork) {
+    const ScratchFolder folder;
+    const TestDrive network(L'n', DRIVE_REMOTE, "SHARE");
+    const TestDrive stick(L'k', DRIVE_REMOVABLE, "STICK");
+    for (const TestDrive* drive : {&network, &stick}) {
+        UiDriver::WriteBytes(drive->Folder() + L"\\Report.xls", {});
+    }
+    AppKey(1, 3).SetString(L"AP1", L"n:\\Report.xls");
+    AppKey(1, 3).SetString(L"AP2", L"k:\\Report.xls");
+    AppKey(1, 3).SetString(L"AP3", L"\\\\server\\share\\Report.xls");
+    for (const wchar_t* title : {L"ProgName1", L"ProgName2", L"ProgName3"}) {
+        AppKey(1, 3).SetString(title, L"");
+    }
+    Start();
+    Dialog().BringToFrontForGood();
+    EXPECT_EQ(TipOf(3), L"Report.xls\r\nReport\r\nReport.xls");
 }
 
 TEST_F(Tips, AreNotThereForAButtonWithoutPrograms) {

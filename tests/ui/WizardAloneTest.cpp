@@ -26,8 +26,7 @@ protected:
     void ExpectTold(std::optional<WPARAM> button, const StoredPattern& pattern) {
         const std::size_t count = button ? 2 : 1;
         const std::vector<LauncherEntry> entries = TheLauncher().WaitForEntries(count);
-        EXPECT_TRUE(UiDriver::HoldsFor([&] { return TheLauncher().Entries().size() == count; },
-                                       UiDriver::Milliseconds(200)));
+        TheLauncher().RequireEntries(count);
         EXPECT_EQ(entries[0].Message(), UiDriver::Launcher::kSettingsChanged);
         EXPECT_EQ(entries[0].WParam(), 1U);
         EXPECT_TRUE(entries[0].Sent());
@@ -47,6 +46,19 @@ TEST_F(WizardAlone, HasAPlaceOnTheTaskBarAndNoMainDialog) {
     EXPECT_EQ(UiDriver::FindWindows({Running().Id(), std::nullopt, std::nullopt}).size(), 1U);
     EXPECT_FALSE(Part(IDC_cmdBack).Enabled());
     EXPECT_TRUE(Part(IDC_cmdNext).Enabled());
+}
+
+TEST_F(WizardAlone, AStartRightAfterItWasFinishedOpensWhileTheLauncherStillReads) {
+    StartLauncher(L"/slow:3500");
+    StartAlone(L"/w:4");
+    GoToPick(Source::ShortcutKey);
+    Pick(OfferOf(Source::ShortcutKey));
+    Next(IDC_fraFinish);
+    Part(IDC_cmdNext).Press();
+    UiDriver::WaitUntil([&] { return !Wizard().Visible(); }, L"the wizard to close");
+    StartFrom(CopiedProgram());
+    EXPECT_EQ(NameBox(5).Text(), OfferOf(Source::ShortcutKey).stored.name);
+    EXPECT_EQ(Running().WaitForExit(), 0U);
 }
 
 TEST_F(WizardAlone, BackEndsAtTheMethodPage) {

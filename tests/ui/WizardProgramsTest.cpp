@@ -205,6 +205,66 @@ TEST_F(WizardPrograms, MyComputerCannotBePicked) {
     AwaitNext(true);
 }
 
+TEST_F(WizardPrograms, WithoutAStartMenuOfTheUserItOffersTheAllUsersEntries) {
+    NameUserMenu(std::nullopt);
+    OpenAtMethod();
+    GoToPick(Source::StartMenu);
+    Menu().WaitForChildren({Text(kStartMenuText)}, {CommonFile()});
+    Menu().ClickNode(MenuNode(CommonFile()));
+    AwaitNext(true);
+    Next(IDC_fraFinish);
+    Finish();
+    ExpectStore(With(1, {L"Common", L"M", 1, {AllUsersMenu() + L'\\' + CommonFile()}, {}}));
+}
+
+TEST_F(WizardPrograms, WhatATreeSelectsByItselfIsNoChoice) {
+    const auto expectRootUnchosen = [this] {
+        UiDriver::WaitUntil([&] { return Menu().Selected() == Path{Text(kStartMenuText)}; },
+                            L"the tree to select its root");
+        EXPECT_TRUE(
+            UiDriver::HoldsFor([&] { return !Part(IDC_cmdNext).Enabled(); }, UiDriver::Milliseconds(200)));
+    };
+    OpenAtMethod();
+    Wizard().BringToFrontForGood();
+    GoToPick(Source::StartMenu);
+    expectRootUnchosen();
+    Back(IDC_fraSelectMenu);
+    Next(IDC_fraSelectProgramForSingle);
+    expectRootUnchosen();
+    Menu().ClickNode({Text(kStartMenuText)});
+    AwaitNext(true);
+    Back(IDC_fraSelectMenu);
+    Next(IDC_fraSelectProgramForSingle);
+    AwaitNext(true);
+}
+
+TEST_F(WizardPrograms, WhatATreeSelectsByItselfIsNoChoice_WhenAnotherSourceWasShown) {
+    OpenAtMethod();
+    Wizard().BringToFrontForGood();
+    GoToSeveral(1, Name());
+    UiDriver::WaitUntil([&] { return Menu().Selected() == Path{Text(kStartMenuText)}; },
+                        L"the tree to select its root");
+    for (const Source source : {Source::AllFiles, Source::StartMenu}) {
+        Check(IDC_optSelectMenu0 + static_cast<int>(source));
+        EXPECT_TRUE(
+            UiDriver::HoldsFor([&] { return !Part(IDC_cmdNext).Enabled(); }, UiDriver::Milliseconds(200)));
+    }
+}
+
+TEST_F(WizardPrograms, AFolderThatClosesOverTheChoiceIsTheChoice) {
+    OpenAtMethod();
+    GoToPick(Source::StartMenu);
+    const Path folder = MenuNode(FolderName());
+    Reveal(Menu(), {folder[0], folder[1], L"inner.exe"});
+    Menu().ClickNode({folder[0], folder[1], L"inner.exe"});
+    AwaitNext(true);
+    Menu().ClickMark(folder);
+    UiDriver::WaitUntil([&] { return Menu().Selected() == folder; }, L"the folder to be selected");
+    Next(IDC_fraFinish);
+    Finish();
+    ExpectStore(With(1, {FolderName(), L"M", 1, {MenuPath(FolderName())}, {}}));
+}
+
 TEST_F(WizardPrograms, WithoutANameThereIsNoNext) {
     OpenAtMethod();
     Check(IDC_optSelectLaunchMethod1);

@@ -1,4 +1,5 @@
 #include "BrokenStore.h"
+#include "app/CommandLine.h"
 
 #include <algorithm>
 #include <functional>
@@ -7,130 +8,103 @@
 
 namespace {
 
-/// The program as the user has left it when the operation begins. A copy of it needs no call to the store.
-struct Running {
-    std::optional<MainSettings> dialog; ///< with edits that are not saved yet
-    std::optional<PatternList> list;    ///< while the pattern manager is open
-};
-
 enum class Edits { Everything, TheScreen, Nothing };
 
-/// One of the program's operations that write.
+/// One of the program's operations that write: of the dialog, or of the pattern manager that is open over it.
 struct WritingOperation {
     const char* name;
-    bool ofManager; ///< of the pattern manager, else of the dialog
-    int current;    ///< number of the current Pattern
-    Edits edits;
-    void (*run)(Running&, const BrokenStore&);
+    int current; ///< number of the current Pattern
+    Edits edits; ///< that are not saved yet when it begins
+    void (*ofDialog)(MainSettings&, const BrokenStore&);
+    void (*ofManager)(PatternList&);
     std::set<int> patterns; ///< those that it may change
 };
 
-void Apply(MainSettings& dialog) {
-    dialog.WritePatternNumbers();
-    dialog.Save();
+SaveAnswer Yes() {
+    return SaveAnswer::Yes;
+}
+SaveAnswer No() {
+    return SaveAnswer::No;
 }
 
 const std::vector<WritingOperation>& Operations() {
-    static const auto apply = [](Running& program, const BrokenStore& /*store*/) { Apply(*program.dialog); };
+    static const auto apply = [](MainSettings& dialog, const BrokenStore& /*store*/) { dialog.Apply(); };
     static const std::vector<WritingOperation> operations{
-        {"Apply", false, 2, Edits::Everything, apply, {2}},
-        {"ApplyTheScreen", false, 2, Edits::TheScreen, apply, {}},
+        {"Apply", 2, Edits::Everything, apply, nullptr, {2}},
+        {"ApplyTheScreen", 2, Edits::TheScreen, apply, nullptr, {}},
         {"SwitchAndSave",
-         false,
          2,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.dialog->SwitchPattern(3, true); },
+         [](MainSettings& dialog, const BrokenStore& /*store*/) { dialog.SwitchPattern(3, Yes); },
+         nullptr,
          {2}},
         {"SwitchAlone",
-         false,
          2,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.dialog->SwitchPattern(3, false); },
+         [](MainSettings& dialog, const BrokenStore& /*store*/) { dialog.SwitchPattern(3, No); },
+         nullptr,
          {}},
         {"WizardFromTheDialog",
-         false,
          2,
          Edits::Everything,
-         [](Running& program, const BrokenStore& store) {
-             program.dialog->SaveButton(4, store.EditedSlot());
-         },
+         [](MainSettings& dialog, const BrokenStore& store) { dialog.SaveButton(4, store.EditedSlot()); },
+         nullptr,
          {2}},
         {"WizardAlone",
-         false,
          3,
          Edits::Nothing,
-         [](Running& program, const BrokenStore& store) {
-             program.dialog->SaveButton(program.dialog->StorageSlot(2), store.EditedSlot());
+         [](MainSettings& dialog, const BrokenStore& store) {
+             StartUp startUp;
+             startUp.WizardButton = 1;
+             dialog.SaveLoneButton(startUp, store.EditedSlot());
          },
+         nullptr,
          {3}},
-        {"Add",
-         true,
+        {"Add", 2, Edits::Everything, nullptr, [](PatternList& list) { list.Add(L"New"); }, {4}},
+        {"Copy", 2, Edits::Everything, nullptr, [](PatternList& list) { list.Copy(2, L"New"); }, {4}},
+        {"Rename", 2, Edits::Everything, nullptr, [](PatternList& list) { list.Rename(2, L"New"); }, {3}},
+        {"RenameTheCurrent",
          2,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Add(L"New"); },
-         {4}},
-        {"Copy",
-         true,
-         2,
-         Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Copy(2, L"New"); },
-         {4}},
-        {"Rename",
-         true,
-         2,
-         Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Rename(2, L"New"); },
-         {3}},
+         nullptr,
+         [](PatternList& list) { list.Rename(1, L"New"); },
+         {2}},
         {"DeleteBeforeTheCurrent",
-         true,
          2,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Delete(0); },
+         nullptr,
+         [](PatternList& list) { list.Delete(0); },
          {1, 2, 3}},
         {"DeleteAfterTheCurrent",
-         true,
          1,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Delete(1); },
+         nullptr,
+         [](PatternList& list) { list.Delete(1); },
          {2, 3}},
-        {"DeleteTheLast",
-         true,
-         1,
-         Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Delete(2); },
-         {3}},
+        {"DeleteTheLast", 1, Edits::Everything, nullptr, [](PatternList& list) { list.Delete(2); }, {3}},
         {"DeleteWithTheLastAsCurrent",
-         true,
          3,
          Edits::Everything,
-         [](Running& program, const BrokenStore& /*store*/) { program.list->Delete(1); },
+         nullptr,
+         [](PatternList& list) { list.Delete(1); },
          {2, 3}}};
     return operations;
 }
 
-/// The manager closes, the dialog goes on and stores what was edited before.
-void UseOn(Running& program) {
-    if (program.list) {
-        program.dialog->ReloadPatternList(*program.list);
-        program.list.reset();
-    }
-    Apply(*program.dialog);
-}
-
 /// All the rest that one can do.
-void UseLong(Running& program, const BrokenStore& store) {
-    MainSettings& dialog = *program.dialog;
+void UseLong(MainSettings& dialog, const BrokenStore& store) {
     dialog.SetButtonName(5, L"later");
-    Apply(dialog);
-    dialog.SwitchPattern(1, true);
+    dialog.Apply();
     dialog.SetButtonName(6, L"later still");
-    PatternList list = dialog.PatternsToManage();
-    list.Load();
-    list.Add(L"Added");
-    list.Copy(0, L"Copied");
-    list.Rename(1, L"Renamed");
-    list.Delete(list.Count() - 2);
-    dialog.ReloadPatternList(list);
+    dialog.SwitchPattern(1, Yes);
+    dialog.SetButtonName(6, L"later than that");
+    dialog.ManagePatterns([](PatternList& list) {
+        list.Load();
+        list.Add(L"Added");
+        list.Copy(0, L"Copied");
+        list.Rename(1, L"Renamed");
+        list.Delete(list.Count() - 2);
+    });
     dialog.SaveButton(3, store.EditedSlot());
 }
 
@@ -146,12 +120,15 @@ public:
 
     BrokenOperation() {
         before.TakeContentsOf(store);
-        Begin(begun, store);
-        Begin(whole, wholeStore);
-        wholeStore.ForgetOperations();
-        Operation().run(whole, wholeStore);
-        calls.emplace(wholeStore);
-        EXPECT_EQ(wholeStore.CallsOfTheOther(), 0);
+        begun.emplace(Begun(store));
+        opened.emplace(store.store, *store.patterns, store.defaults).Load();
+        MainSettings whole = Begun(wholeStore);
+        Operate(whole, [&](const auto& operation) {
+            wholeStore.ForgetOperations();
+            operation(wholeStore);
+            calls.emplace(wholeStore);
+            EXPECT_EQ(wholeStore.CallsOfTheOther(), 0);
+        });
         wholeStore.RememberNoCalls();
         store.RememberNoCalls();
         after.TakeContentsOf(wholeStore);
@@ -159,16 +136,15 @@ public:
             patternsBefore.push_back(store.patterns->LoadPattern(number, store.defaults));
             patternsAfter.push_back(wholeStore.patterns->LoadPattern(number, store.defaults));
         }
-        UseOn(whole);
+        whole.Apply();
         afterUse.TakeContentsOf(wholeStore);
-        wholeUsed.emplace(*whole.dialog);
+        wholeUsed.emplace(whole);
         UseLong(whole, wholeStore);
         afterLongUse.TakeContentsOf(wholeStore);
     }
 
-    /// In place: the list refers to the dialog.
-    static void Begin(Running& program, BrokenStore& fresh) {
-        MainSettings& dialog = program.dialog.emplace(fresh.store, fresh.notification, fresh.fonts);
+    static MainSettings Begun(BrokenStore& fresh) {
+        MainSettings dialog(fresh.store, fresh.notification, fresh.fonts);
         dialog.Load();
         switch (Operation().edits) {
         case Edits::Everything:
@@ -180,25 +156,49 @@ public:
         case Edits::Nothing:
             break;
         }
-        if (Operation().ofManager) {
-            program.list.emplace(dialog.PatternsToManage()).Load();
-        }
+        return dialog;
     }
 
-    /// Whether the process still lived at the end of it.
-    bool Run(Running& program, Fault fault, int number) {
+    [[nodiscard]] static bool IsOfManager() { return Operation().ofManager != nullptr; }
+
+    /// Has `run` run the operation; the manager is open meanwhile and closes behind it.
+    static void Operate(MainSettings& dialog,
+                        const std::function<void(const std::function<void(const BrokenStore&)>&)>& run) {
+        if (!IsOfManager()) {
+            run([&](const BrokenStore& on) { Operation().ofDialog(dialog, on); });
+            return;
+        }
+        dialog.ManagePatterns([&](PatternList& list) {
+            list.Load();
+            run([&](const BrokenStore& /*on*/) { Operation().ofManager(list); });
+        });
+    }
+
+    void Run(MainSettings& dialog, Fault fault, int number) {
         store.TakeContentsOf(before);
-        store.Arm(fault, number);
+        Operate(dialog, [&](const auto& operation) {
+            store.Arm(fault, number);
+            operation(store);
+            store.Disarm();
+        });
+        EXPECT_EQ(store.windows.Events().size(), IsOfManager() ? 0U : 1U);
+    }
+
+    /// The process ends in that call.
+    void Kill(int number) {
+        store.TakeContentsOf(before);
+        MainSettings dialog = *begun;
+        PatternList list = *opened;
+        store.Arm(Fault::Death, number);
         bool lived = true;
         try {
-            Operation().run(program, store);
+            IsOfManager() ? Operation().ofManager(list) : Operation().ofDialog(dialog, store);
         } catch (const KilledInCall&) {
             lived = false;
         }
         store.Disarm();
-        EXPECT_EQ(lived, fault != Fault::Death || number > calls->Count());
-        EXPECT_EQ(store.windows.Events().size(), Operation().ofManager || !lived ? 0U : 1U);
-        return lived;
+        EXPECT_EQ(lived, number > calls->Count());
+        EXPECT_EQ(store.windows.Events().size(), IsOfManager() || !lived ? 0U : 1U);
     }
 
     /// Each number is the old or the new one, and only a Pattern that comes or goes can lack its section.
@@ -248,12 +248,13 @@ public:
         EXPECT_TRUE(screen.Color == was.Color || screen.Color == would.Color);
     }
 
+    static bool IsOfPattern(const std::wstring& place, int number) {
+        return place.find(L"\\set" + std::to_wstring(number)) != std::wstring::npos ||
+               place.starts_with(L"user" + std::to_wstring(number));
+    }
     static bool AnyOfPattern(const std::set<std::wstring>& places, int number) {
-        const std::wstring key = L"\\set" + std::to_wstring(number);
-        const std::wstring section = L"user" + std::to_wstring(number);
-        return std::any_of(places.begin(), places.end(), [&](const std::wstring& place) {
-            return place.find(key) != std::wstring::npos || place.starts_with(section);
-        });
+        return std::any_of(places.begin(), places.end(),
+                           [&](const std::wstring& place) { return IsOfPattern(place, number); });
     }
 
     static bool IsOldOrNew(const Pattern& now, const Pattern& was, const Pattern& would) {
@@ -267,8 +268,9 @@ public:
             all = all && fits(is.Name, a.Name, b.Name) && fits(is.NumAP, a.NumAP, b.NumAP) &&
                   (fits(is.Exec, a.Exec, b.Exec) || (is.Exec == L"M" && fits(L"", a.Exec, b.Exec)));
             for (int k = 1; k <= kMaxPrograms; ++k) {
-                all = all && fits(is.AP(k), a.AP(k), b.AP(k)) && fits(is.Param(k), a.Param(k), b.Param(k)) &&
-                      fits(is.Title(k), a.Title(k), b.Title(k));
+                all = all && fits(is.Program(k).AP, a.Program(k).AP, b.Program(k).AP) &&
+                      fits(is.Program(k).Param, a.Program(k).Param, b.Program(k).Param) &&
+                      fits(is.Program(k).Title, a.Program(k).Title, b.Program(k).Title);
             }
         }
         return all;
@@ -276,10 +278,10 @@ public:
 
     /// Where the store differs for good, after the fault, from that of a program that never met one.
     ///
-    /// The dialog's own Pattern, the screen and the numbers are written again by the next save; what the pattern manager
-    /// could not write it writes again itself. What stays is what a switch leaves behind or could not read: an edit that
-    /// was refused when the dialog turned to another Pattern keeps its former value, and a value of the new Pattern
-    /// that could not be read is the maker's default, which the next save stores.
+    /// The dialog's own Pattern, the screen and the numbers are written again by the next save. What stays is what a
+    /// switch leaves behind or could not read: an edit that was refused when the dialog turned to another Pattern
+    /// keeps its former value, and a value of the new Pattern that could not be read is the maker's default, which
+    /// the next save stores.
     [[nodiscard]] std::set<std::wstring> LastingDifferences(Fault fault, int number) const {
         std::set<std::wstring> places;
         const std::string operation = Operation().name;
@@ -298,27 +300,73 @@ public:
         return places;
     }
 
-    /// The objects that met the fault go on with a store that works again.
-    void ExpectToGoOn(Running& program, Fault fault, int number) {
-        const std::set<std::wstring> lasting = LastingDifferences(fault, number);
-        UseOn(program);
-        EXPECT_EQ(store.Differences(afterUse), lasting);
-        EXPECT_EQ(program.dialog->CurrentPattern(), wholeUsed->CurrentPattern());
-        EXPECT_EQ(program.dialog->OnScreen(), wholeUsed->OnScreen());
-        EXPECT_FALSE(program.dialog->AnythingChanged());
-        if (lasting.empty()) {
-            EXPECT_TRUE(program.dialog->Working() == wholeUsed->Working());
-            EXPECT_EQ(program.dialog->PatternNames(), wholeUsed->PatternNames());
+    /// The dialog that met the fault goes on with a store that works again.
+    void ExpectToGoOn(MainSettings& dialog, Fault fault, int number) {
+        std::set<std::wstring> lasting;
+        if (IsOfManager()) {
+            ExpectNoOtherPatternWrittenOver(dialog, fault, number);
+        } else {
+            lasting = LastingDifferences(fault, number);
+            dialog.Apply();
+            EXPECT_EQ(store.Differences(afterUse), lasting);
+            EXPECT_EQ(dialog.CurrentPattern(), wholeUsed->CurrentPattern());
+            EXPECT_EQ(dialog.OnScreen(), wholeUsed->OnScreen());
+            if (lasting.empty()) {
+                EXPECT_TRUE(dialog.Working() == wholeUsed->Working());
+                EXPECT_EQ(dialog.PatternNames(), wholeUsed->PatternNames());
+            }
         }
+        EXPECT_FALSE(dialog.AnythingChanged());
         // The program and its store now are those that met no fault, so that a longer use is tried of some only.
         constexpr int kSome = 32;
         if (number % kSome == 1 || number == 2 || number == 3 || number == calls->Count()) {
-            UseLong(program, store);
-            if (lasting.empty()) {
+            UseLong(dialog, store);
+            if (!IsOfManager() && lasting.empty()) {
                 EXPECT_EQ(store.Differences(afterLongUse), lasting);
             }
         }
     }
+
+    /// What the manager could not write is lost; what the dialog then saves goes over nothing else. Its edits are
+    /// stored where the Pattern is that they were made in, or nowhere.
+    void ExpectNoOtherPatternWrittenOver(MainSettings& dialog, Fault fault, int number) {
+        closed.TakeContentsOf(store);
+        const int current = store.Number(L"CurrUser");
+        EXPECT_EQ(dialog.CurrentPattern(), current);
+        const Pattern stored = store.patterns->LoadPattern(current, store.defaults);
+        const std::wstring& ownName = patternsAfter.at(Index(after.Number(L"CurrUser"))).UserName;
+        const std::wstring& formerName = patternsBefore.at(Index(Operation().current)).UserName;
+        const bool isOwn = current == after.Number(L"CurrUser") &&
+                           (stored.UserName == ownName || stored.UserName == formerName);
+        const bool hasEdits = dialog.PatternChanged();
+        EXPECT_TRUE(isOwn || !hasEdits);
+        // A name that could not be read counts as missing.
+        EXPECT_TRUE(hasEdits || !isOwn || FailedToRead(fault, number));
+        if (!hasEdits) {
+            EXPECT_TRUE(IsOldOrNew(dialog.Working(), stored, stored));
+        }
+        dialog.Apply();
+        for (const std::wstring& place : store.Differences(closed)) {
+            EXPECT_TRUE(IsOfPattern(place, current) || place.find(L"onscreen") != std::wstring::npos)
+                << testing::PrintToString(place);
+        }
+        EXPECT_EQ(store.Stored(current), dialog.Working());
+        EXPECT_EQ(dialog.Working().UserName, stored.UserName);
+        if (hasEdits) {
+            EXPECT_EQ(dialog.Slot(1), store.FullPattern(BrokenStore::kEdited).Btn(1));
+        }
+    }
+
+    [[nodiscard]] bool FailedToRead(Fault fault, int number) const {
+        const int last = fault == Fault::Once ? std::min(number, calls->Count()) : calls->Count();
+        bool failed = false;
+        for (int call = number; call <= last; ++call) {
+            failed = failed || calls->IsRead(call);
+        }
+        return failed;
+    }
+
+    static std::size_t Index(int number) { return static_cast<std::size_t>(number) - 1; }
 
     BrokenStore before{IsIniFile()};
     BrokenStore after{IsIniFile()}; ///< where all went well
@@ -328,9 +376,10 @@ public:
     BrokenStore startedOn{IsIniFile()};
     BrokenStore store{IsIniFile(), Operation().current, kButtons};
     BrokenStore wholeStore{IsIniFile(), Operation().current, kButtons};
-    Running begun;
-    Running whole; ///< meets no fault
-    std::optional<MainSettings> wholeUsed;
+    BrokenStore closed{IsIniFile()}; ///< when the manager closed
+    std::optional<MainSettings> begun;
+    std::optional<PatternList> opened;
+    std::optional<MainSettings> wholeUsed; ///< has met no fault
     std::optional<RecordedCalls> calls;
     std::vector<Pattern> patternsBefore; ///< by number, as the program reads them
     std::vector<Pattern> patternsAfter;
@@ -353,7 +402,7 @@ TEST_P(BrokenOperation, ChangesNoOtherPattern_WhenNothingGoesWrong) {
 TEST_P(BrokenOperation, LeavesOneValueOld_WhicheverCallFails_AndGoesOn) {
     for (int number = 1; number <= calls->Count() + 1 && !HasFailure(); ++number) {
         SCOPED_TRACE("call " + std::to_string(number));
-        Running program = begun;
+        MainSettings program = *begun;
         Run(program, Fault::Once, number);
         expected.TakeContentsOf(after);
         if (number <= calls->Count()) {
@@ -373,8 +422,7 @@ TEST_P(BrokenOperation, LeavesTheLaterValuesOld_WhereverTheStoreOrTheProcessEnds
         if (number > 1) {
             calls->Replay(number - 1, expected);
         }
-        Running killed = begun;
-        Run(killed, Fault::Death, number);
+        Kill(number);
         EXPECT_TRUE(store.SameContents(expected));
         ExpectUsableNumbers();
         ExpectUsableByTheNextStart();
@@ -382,7 +430,7 @@ TEST_P(BrokenOperation, LeavesTheLaterValuesOld_WhereverTheStoreOrTheProcessEnds
         // What the program is after that hardly depends on the call; each of them goes on above.
         constexpr int kSome = 3;
         if (number % kSome == 1 || number <= kSome || number == calls->Count()) {
-            Running program = begun;
+            MainSettings program = *begun;
             Run(program, Fault::FromThen, number);
             EXPECT_TRUE(store.SameContents(expected));
             ExpectToGoOn(program, Fault::FromThen, number);
@@ -427,25 +475,27 @@ bool HasEditsOf(const BrokenStore& store, int pattern) {
     return false;
 }
 
-/// A dialog with unsaved edits, and the manager open over it.
+/// A dialog with unsaved edits.
 struct EditedDialog {
     EditedDialog(bool iniFile, int current)
         : store(iniFile, current, BrokenStore::kDialogButtons),
-          dialog(store.store, store.notification, store.fonts), list(Begin()) {
-        list.Load();
+          dialog(store.store, store.notification, store.fonts) {
+        dialog.Load();
+        store.EditEverything(dialog);
     }
 
     BrokenStore store;
     MainSettings dialog;
-    PatternList list;
-
-private:
-    PatternList Begin() {
-        dialog.Load();
-        store.EditEverything(dialog);
-        return dialog.PatternsToManage();
-    }
 };
+
+/// The manager opens over the dialog, deletes a Pattern, and closes.
+void DeleteBehind(MainSettings& dialog, int deleted, const std::function<void()>& opened) {
+    dialog.ManagePatterns([&](PatternList& list) {
+        list.Load();
+        opened();
+        list.Delete(deleted - 1);
+    });
+}
 
 /// A program whose user deletes a Pattern while others are edited.
 class BrokenDeletion : public testing::TestWithParam<bool> {
@@ -464,28 +514,29 @@ public:
     }
 };
 
-// The number in the store then means another Pattern, over which the edits were saved once. The list is as long as before
-// if that number is refused: its end is a Pattern of the maker's defaults.
+// The number in the store then means another Pattern, or none: that one is shown, and the edits are gone. The list is as
+// long as before if that number is refused: its end is a Pattern of the maker's defaults.
 TEST_P(BrokenDeletion, CostsNoOtherPattern_WhenANumberIsNeverStored) {
     for (const wchar_t* const refused : {L"CurrUser", L"NumUser"}) {
         ForEachDeletion([&](int current, int deleted) {
             EditedDialog edited(GetParam(), current);
-            auto& [store, dialog, list] = edited;
-            store.RefuseEach(refused);
-            list.Delete(deleted - 1);
-            dialog.ReloadPatternList(list);
-            Apply(dialog);
+            BrokenStore& store = edited.store;
+            MainSettings& dialog = edited.dialog;
+            DeleteBehind(dialog, deleted, [&] { store.RefuseEach(refused); });
+            dialog.Apply();
             store.Disarm();
+            dialog.Apply();
+            const bool currentIsOld = std::wstring_view(refused) == L"CurrUser";
+            const bool lostEdits = currentIsOld && deleted < current;
             for (int pattern = 1; pattern <= BrokenStore::kPatterns; ++pattern) {
-                EXPECT_TRUE(IsWhole(store, pattern) || pattern == deleted || pattern == current) << pattern;
+                const bool hasEdits = pattern == current && !lostEdits;
+                EXPECT_TRUE(IsWhole(store, pattern) || pattern == deleted || hasEdits) << pattern;
             }
-            EXPECT_TRUE(HasEditsOf(store, current));
-            Apply(dialog);
-            EXPECT_TRUE(HasEditsOf(store, current));
-            const bool countIsOld = std::wstring_view(refused) == L"NumUser";
-            EXPECT_EQ(store.Number(L"CurrUser"), current - (deleted < current ? 1 : 0));
-            EXPECT_EQ(store.Number(L"NumUser"), BrokenStore::kPatterns - (countIsOld ? 0 : 1));
-            EXPECT_EQ(store.HasSection(BrokenStore::kPatterns), false);
+            EXPECT_EQ(HasEditsOf(store, current), !lostEdits);
+            EXPECT_EQ(store.Number(L"CurrUser"), current - (deleted < current && !currentIsOld ? 1 : 0));
+            EXPECT_EQ(store.Number(L"NumUser"), BrokenStore::kPatterns - (currentIsOld ? 1 : 0));
+            const bool isShownBeyond = lostEdits && current == BrokenStore::kPatterns;
+            EXPECT_EQ(store.HasSection(BrokenStore::kPatterns), isShownBeyond);
         });
     }
 }
@@ -494,33 +545,25 @@ TEST_P(BrokenDeletion, CostsNoOtherPattern_WhenANumberIsNeverStored) {
 TEST_P(BrokenDeletion, CostsNoFurtherPattern_WhenTheStoreWorksAgainOnlyLater) {
     ForEachDeletion([&](int current, int deleted) {
         const BrokenStore before(GetParam(), current, BrokenStore::kDialogButtons);
-        BrokenStore store(GetParam(), current, BrokenStore::kDialogButtons);
-        MainSettings begun(store.store, store.notification, store.fonts);
-        begun.Load();
-        store.EditEverything(begun);
-        PatternList begunList = begun.PatternsToManage();
-        begunList.Load();
-        store.ForgetOperations();
-        PatternList(begunList).Delete(deleted - 1);
+        EditedDialog edited(GetParam(), current);
+        BrokenStore& store = edited.store;
+        MainSettings& begun = edited.dialog;
+        MainSettings whole = begun;
+        DeleteBehind(whole, deleted, [&] { store.ForgetOperations(); });
         const int writes = store.Calls();
         store.RememberNoCalls();
-        constexpr int kStep = 13;
-        for (int number = 1; number <= writes; number += number < kStep ? 1 : kStep) {
+        constexpr int kStep = 13; // the values of a button
+        for (int number = 1; number <= writes; number += number < 4 ? 1 : kStep) {
             SCOPED_TRACE("from write " + std::to_string(number) + " on");
             store.TakeContentsOf(before);
             MainSettings dialog = begun;
-            PatternList list = begunList;
-            store.Arm(Fault::FromThen, number);
-            list.Delete(deleted - 1);
-            store.Disarm();
-            store.RefuseWrites();
-            dialog.ReloadPatternList(list);
+            DeleteBehind(dialog, deleted, [&] { store.RefuseWritesFrom(number); });
             std::vector<bool> wasWhole;
             for (int pattern = 1; pattern <= BrokenStore::kPatterns; ++pattern) {
                 wasWhole.push_back(IsWhole(store, pattern));
             }
             store.Disarm();
-            Apply(dialog);
+            dialog.Apply();
             for (int pattern = 1; pattern <= BrokenStore::kPatterns; ++pattern) {
                 const bool own = pattern == current && HasEditsOf(store, pattern);
                 EXPECT_TRUE(!wasWhole.at(static_cast<std::size_t>(pattern) - 1) || pattern == deleted ||
@@ -531,40 +574,37 @@ TEST_P(BrokenDeletion, CostsNoFurtherPattern_WhenTheStoreWorksAgainOnlyLater) {
     });
 }
 
-TEST_P(BrokenDeletion, KeepsTheEdits_WhenNothingOfItWasStored) {
+TEST_P(BrokenDeletion, CostsTheEditsAtMost_WhenNothingOfItWasStored) {
     ForEachDeletion([&](int current, int deleted) {
         EditedDialog edited(GetParam(), current);
-        auto& [store, dialog, list] = edited;
-        store.RefuseWrites();
-        list.Delete(deleted - 1);
-        dialog.ReloadPatternList(list);
+        BrokenStore& store = edited.store;
+        MainSettings& dialog = edited.dialog;
+        DeleteBehind(dialog, deleted, [&] { store.RefuseWrites(); });
         store.Disarm();
         EXPECT_EQ(dialog.CurrentPattern(), current);
-        Apply(dialog);
-        EXPECT_TRUE(HasEditsOf(store, current));
+        dialog.Apply();
         EXPECT_EQ(store.Number(L"NumUser"), BrokenStore::kPatterns);
+        const bool hasEdits = deleted > current;
+        EXPECT_EQ(HasEditsOf(store, current), hasEdits);
         for (int pattern = 1; pattern <= BrokenStore::kPatterns; ++pattern) {
-            EXPECT_TRUE(IsWhole(store, pattern) || pattern == current) << pattern;
+            EXPECT_EQ(IsWhole(store, pattern), pattern != current || !hasEdits) << pattern;
         }
     });
 }
 
-// Its section goes first. What the dialog has of it is all that is left.
-TEST_P(BrokenDeletion, KeepsTheLastPattern_WhenTheStoreEndsWithItsSectionGone) {
+// Its section goes first.
+TEST_P(BrokenDeletion, LosesTheLastPatternAlone_WhenTheStoreEndsWithItsSectionGone) {
     constexpr int kLast = BrokenStore::kPatterns;
     for (int deleted = 1; deleted < kLast; ++deleted) {
         EditedDialog edited(GetParam(), kLast);
-        auto& [store, dialog, list] = edited;
-        store.Arm(Fault::FromThen, 2);
-        list.Delete(deleted - 1);
+        BrokenStore& store = edited.store;
+        MainSettings& dialog = edited.dialog;
+        DeleteBehind(dialog, deleted, [&] { store.RefuseWritesFrom(2); });
         store.Disarm();
         EXPECT_FALSE(store.HasSection(kLast));
-        store.RefuseWrites();
-        EXPECT_FALSE(dialog.ReloadPatternList(list));
-        store.Disarm();
-        Apply(dialog);
+        dialog.Apply();
         EXPECT_EQ(store.Number(L"CurrUser"), kLast);
-        EXPECT_EQ(store.Stored(kLast).Btn(1), store.FullPattern(BrokenStore::kEdited).Btn(1));
+        EXPECT_EQ(store.Stored(kLast).UserName, store.defaults.UserName);
         for (int pattern = 1; pattern < kLast; ++pattern) {
             EXPECT_TRUE(IsWhole(store, pattern)) << pattern;
         }
@@ -663,24 +703,7 @@ TEST_P(BrokenOff, AnAdditionTakesWhatIsMissingOfTheNewPatternFromTheDefaults) {
     }
 }
 
-// The manager believes the store, and would count on the Pattern that was left.
-TEST_P(BrokenOff, ASwitchWhoseNumberWasRefusedIsStoredBeforeTheManagerOpens) {
-    BrokenStore store(GetParam(), 2, BrokenStore::kDialogButtons);
-    MainSettings dialog(store.store, store.notification, store.fonts);
-    dialog.Load();
-    store.RefuseWrites();
-    dialog.SwitchPattern(3, false);
-    store.Disarm();
-    store.EditEverything(dialog);
-    PatternList list = dialog.PatternsToManage();
-    list.Load();
-    EXPECT_EQ(list.CurrentPattern(), 3);
-    dialog.ReloadPatternList(list);
-    EXPECT_EQ(dialog.CurrentPattern(), 3);
-    EXPECT_TRUE(dialog.PatternChanged());
-    EXPECT_EQ(store.Number(L"CurrUser"), 3);
-}
-
+// The manager believes the store, and so does the dialog when it closes.
 TEST_P(BrokenOff, ASwitchWhoseNumberIsNeverStoredCostsNoPattern_WhateverTheManagerDeletes) {
     for (const int deleted : {0, 1, 3}) { // 0: none; 3: the one that the dialog shows
         SCOPED_TRACE(deleted);
@@ -688,18 +711,17 @@ TEST_P(BrokenOff, ASwitchWhoseNumberIsNeverStoredCostsNoPattern_WhateverTheManag
         MainSettings dialog(store.store, store.notification, store.fonts);
         dialog.Load();
         store.RefuseEach(L"CurrUser");
-        dialog.SwitchPattern(3, false);
+        dialog.SwitchPattern(3, No);
         store.EditEverything(dialog);
-        PatternList list = dialog.PatternsToManage();
-        list.Load();
-        list.Delete(deleted - 1);
-        EXPECT_EQ(dialog.ReloadPatternList(list), deleted == 3);
+        DeleteBehind(dialog, deleted, [] {});
+        EXPECT_EQ(dialog.CurrentPattern(), 2);
+        EXPECT_EQ(dialog.PatternChanged(), deleted == 1); // it has moved up to the stored number
         store.Disarm();
-        Apply(dialog);
-        EXPECT_EQ(store.Number(L"CurrUser"), deleted == 0 ? 3 : 2);
-        EXPECT_EQ(HasEditsOf(store, 3), deleted != 3);
-        for (int pattern = 1; pattern < BrokenStore::kPatterns; ++pattern) {
-            EXPECT_TRUE(IsWhole(store, pattern) || pattern == deleted) << pattern;
+        dialog.Apply();
+        EXPECT_EQ(store.Number(L"CurrUser"), 2);
+        for (int pattern = 1; pattern <= BrokenStore::kPatterns; ++pattern) {
+            const bool hasEdits = pattern == 3 && HasEditsOf(store, pattern);
+            EXPECT_TRUE(IsWhole(store, pattern) || pattern == deleted || hasEdits) << pattern;
         }
     }
 }
@@ -715,7 +737,7 @@ TEST_P(BrokenOff, ASaveIsCompletedByTheNextOne) {
         program.ForgetOperations();
         return dialog;
     };
-    edited(whole).Save();
+    edited(whole).Apply();
     const MainSettings begun = edited(store);
     for (const Fault fault : {Fault::Once, Fault::FromThen}) {
         int incomplete = 0;
@@ -723,10 +745,10 @@ TEST_P(BrokenOff, ASaveIsCompletedByTheNextOne) {
             store.TakeContentsOf(before);
             MainSettings dialog = begun;
             store.Arm(fault, number);
-            dialog.Save();
+            dialog.Apply();
             store.Disarm();
             incomplete += store.SameContents(whole) ? 0 : 1;
-            dialog.Save();
+            dialog.Apply();
             EXPECT_TRUE(store.SameContents(whole)) << number;
             EXPECT_EQ(store.windows.Events().size(), 2U);
         }
@@ -743,8 +765,7 @@ TEST(MovedButtonsOfABrokenStore, StayWhereTheyWereReadFrom) {
     dialog.Load();
     const BrokenStore before(false, 2, BrokenStore::kDialogButtons);
     store.registry.refusesReads = true;
-    dialog.WritePatternNumbers();
-    dialog.Save();
+    dialog.Apply();
     store.Disarm();
     EXPECT_EQ(store.Stored(2), before.Stored(2));
 }

@@ -1,6 +1,6 @@
 #include "BrokenStore.h"
 
-#include "settings/IniTranslation.h"
+#include "settings/StoreLayout.h"
 
 BrokenStore::BrokenStore(bool iniFile) : buttons(kDialogButtons) {
     store.IniFileExist = iniFile;
@@ -61,9 +61,9 @@ Pattern BrokenStore::FullPattern(const std::wstring& word) const {
         slot.Exec = word.size() % 2 == 0 ? L"S" : L"P";
         slot.NumAP = static_cast<std::int16_t>(1 + word.size() % kMaxPrograms);
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            slot.AP(k) = own + L"-" + std::to_wstring(k) + L".exe";
-            slot.Param(k) = L"/" + own;
-            slot.Title(k) = own + L" " + std::to_wstring(k);
+            slot.Program(k).AP = own + L"-" + std::to_wstring(k) + L".exe";
+            slot.Program(k).Param = L"/" + own;
+            slot.Program(k).Title = own + L" " + std::to_wstring(k);
         }
     }
     return pattern;
@@ -114,6 +114,11 @@ void BrokenStore::RefuseEach(const wchar_t* key) {
 void BrokenStore::RefuseWrites() {
     registry.refusesWrites = true;
     files.refusesWrites = true;
+}
+
+void BrokenStore::RefuseWritesFrom(int number) {
+    registry.writesUntilDeath = number - 1;
+    files.writesUntilDeath = number - 1;
 }
 
 void BrokenStore::Disarm() {

@@ -50,6 +50,8 @@ struct BrokenStore : TestStore {
     /// No write of this key is taken any more.
     void RefuseEach(const wchar_t* key);
     void RefuseWrites();
+    /// Write `number` from now on, and all later ones.
+    void RefuseWritesFrom(int number);
     void Disarm();
 
     [[nodiscard]] bool SameContents(const BrokenStore& other) const {

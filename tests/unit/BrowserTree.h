@@ -15,7 +15,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -46,6 +45,6 @@ struct BrowserTree {
     FakeTree nodes;
     FakePictureBox picture;
     FakeNodeImages images;
-    std::shared_ptr<FakeNameOrder> order = std::make_shared<FakeNameOrder>();
+    FakeNameOrder order;
     CTreeView tree{{disk, shell, icons, events}, L"Internet Shortcut"};
 };

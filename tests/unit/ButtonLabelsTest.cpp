@@ -3,7 +3,6 @@
 #include "TestStore.h"
 #include "app/StringTable.h"
 #include "fakes/FakeStrings.h"
-#include "settings/GlobalValue.h"
 
 namespace {
 

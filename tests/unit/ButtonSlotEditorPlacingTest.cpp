@@ -12,8 +12,8 @@ public:
     [[nodiscard]] static ButtonSlot Full() {
         ButtonSlot slot = Sequence(5);
         for (int number = 1; number <= kMaxPrograms; ++number) {
-            slot.Param(number) = L"parameter";
-            slot.Title(number) = L"title";
+            slot.Program(number).Param = L"parameter";
+            slot.Program(number).Title = L"title";
         }
         return slot;
     }
@@ -32,28 +32,28 @@ public:
 
 TEST_F(Placing, AFileIsStoredByItsPath_AndShownWithoutTheLastExtension) {
     PlaceAndCheck(Full(), Node(L"C:\\Apps\\app.v2.exe"), [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"C:\\Apps\\app.v2.exe");
-        EXPECT_EQ(editor.Slot().Param(1), L"");
-        EXPECT_EQ(editor.Slot().Title(1), L"");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Apps\\app.v2.exe");
+        EXPECT_EQ(editor.Slot().Program(1).Param, L"");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"");
         EXPECT_EQ(editor.ShownText(0), L"app.v2");
-        EXPECT_EQ(editor.Slot().Param(2), L"parameter");
-        EXPECT_EQ(editor.Slot().Title(2), L"title");
+        EXPECT_EQ(editor.Slot().Program(2).Param, L"parameter");
+        EXPECT_EQ(editor.Slot().Program(2).Title, L"title");
     });
 }
 
 TEST_F(Placing, AFileIsShownByTheTextOfItsNode) {
     PickedItem item = Node(L"C:\\Apps\\Mail.exe");
-    item.text = L"Post.box.lnk";
+    item.name = L"Post.box.lnk";
     PlaceAndCheck(Full(), item,
                   [](const ButtonSlotEditor& editor) { EXPECT_EQ(editor.ShownText(0), L"Post.box"); });
-    item.text = L"Post";
+    item.name = L"Post";
     PlaceAndCheck(Full(), item,
                   [](const ButtonSlotEditor& editor) { EXPECT_EQ(editor.ShownText(0), L"Post"); });
 }
 
 TEST_F(Placing, AFolderIsAProgramToo_AndKeepsItsNameWhole) {
     PlaceAndCheck(Full(), Node(L"C:\\Apps\\Tools.d"), [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"C:\\Apps\\Tools.d");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Apps\\Tools.d");
         EXPECT_EQ(editor.ShownText(0), L"Tools.d");
     });
 }
@@ -67,11 +67,11 @@ TEST_F(Placing, APathThatCannotBeReadKeepsItsExtension) {
 
 TEST_F(Placing, AFavouriteIsStoredAsTheBrowserWithItsAddress) {
     PickedItem item = Favorite(L"C:\\Favorites\\News.url");
-    item.text = L"World News 2.0";
+    item.name = L"World News 2.0";
     PlaceAndCheck(Full(), item, [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"iexplore.exe|http://news.example/");
-        EXPECT_EQ(editor.Slot().Param(1), L"http://news.example/");
-        EXPECT_EQ(editor.Slot().Title(1), L"World News 2.0");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"iexplore.exe|http://news.example/");
+        EXPECT_EQ(editor.Slot().Program(1).Param, L"http://news.example/");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"World News 2.0");
         EXPECT_EQ(editor.ShownText(0), L"World News 2.0");
         EXPECT_EQ(editor.Slot().Name, L"World News 2.0");
         EXPECT_EQ(editor.Slot().Exec, L"S");
@@ -80,26 +80,26 @@ TEST_F(Placing, AFavouriteIsStoredAsTheBrowserWithItsAddress) {
 
 TEST_F(Placing, AFavouriteMayEndInCapitals) {
     PlaceAndCheck(Full(), Favorite(L"C:\\Favorites\\MAPS.URL"), [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"iexplore.exe|http://maps.example/?q=1");
-        EXPECT_EQ(editor.Slot().Param(1), L"http://maps.example/?q=1");
-        EXPECT_EQ(editor.Slot().Title(1), L"MAPS.URL");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"iexplore.exe|http://maps.example/?q=1");
+        EXPECT_EQ(editor.Slot().Program(1).Param, L"http://maps.example/?q=1");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"MAPS.URL");
     });
 }
 
 TEST_F(Placing, AFavouriteWithoutAnAddressIsStoredAsTheBrowserAlone) {
     PlaceAndCheck(Full(), Favorite(L"C:\\Favorites\\Lost.url"), [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"iexplore.exe|");
-        EXPECT_EQ(editor.Slot().Param(1), L"");
-        EXPECT_EQ(editor.Slot().Title(1), L"Lost.url");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"iexplore.exe|");
+        EXPECT_EQ(editor.Slot().Program(1).Param, L"");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"Lost.url");
     });
 }
 
 TEST_F(Placing, AnInternetShortcutElsewhereIsStoredByItsPath) {
-    for (const wchar_t* root : {L"Start Menu", L"My Computer", L"ie favorites", L""}) {
-        PlaceAndCheck(Full(), Node(L"C:\\Favorites\\News.url", root), [](const ButtonSlotEditor& editor) {
-            EXPECT_EQ(editor.Slot().AP(1), L"C:\\Favorites\\News.url");
-            EXPECT_EQ(editor.Slot().Param(1), L"");
-            EXPECT_EQ(editor.Slot().Title(1), L"");
+    for (const ProgramSource source : {ProgramSource::StartMenu, ProgramSource::AllFiles}) {
+        PlaceAndCheck(Full(), Node(L"C:\\Favorites\\News.url", source), [](const ButtonSlotEditor& editor) {
+            EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Favorites\\News.url");
+            EXPECT_EQ(editor.Slot().Program(1).Param, L"");
+            EXPECT_EQ(editor.Slot().Program(1).Title, L"");
             EXPECT_EQ(editor.ShownText(0), L"News");
         });
     }
@@ -108,14 +108,14 @@ TEST_F(Placing, AnInternetShortcutElsewhereIsStoredByItsPath) {
 
 TEST_F(Placing, WhatIsNoInternetShortcutIsStoredByItsPath_EvenUnderTheFavourites) {
     PlaceAndCheck(Full(), Favorite(L"C:\\Favorites\\desktop.ini"), [](const ButtonSlotEditor& editor) {
-        EXPECT_EQ(editor.Slot().AP(1), L"C:\\Favorites\\desktop.ini");
+        EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Favorites\\desktop.ini");
         EXPECT_EQ(editor.ShownText(0), L"desktop");
     });
     ButtonSlotEditor editor = Open(Full());
     EXPECT_TRUE(editor.CanDrag(Favorite(L"C:\\Favorites\\Travel")));
     DragOnto(editor, 0, Favorite(L"C:\\Favorites\\Travel"));
-    EXPECT_EQ(editor.Slot().AP(1), L"C:\\Favorites\\Travel");
-    EXPECT_EQ(editor.Slot().Title(1), L"");
+    EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Favorites\\Travel");
+    EXPECT_EQ(editor.Slot().Program(1).Title, L"");
 }
 
 // From the lists
@@ -203,7 +203,7 @@ TEST_F(Placing, ATreeItemUnlocksTheMethod_OfAMediaCenterItem) {
         EXPECT_FALSE(Globals().MediaCenterPicked);
         EXPECT_EQ(editor.Slot().Exec, L"M");
         EXPECT_EQ(editor.Slot().NumAP, 1);
-        EXPECT_EQ(editor.Slot().Title(1), L"");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"");
         EXPECT_TRUE(editor.CanSetParameter());
     });
 }
@@ -213,7 +213,7 @@ TEST_F(Placing, AShortcutKeyReplacesAMediaCenterItem) {
         EXPECT_FALSE(Globals().MediaCenterPicked);
         EXPECT_TRUE(editor.IsMethodLocked());
         EXPECT_EQ(editor.Slot().Exec, L"K");
-        EXPECT_EQ(editor.Slot().Title(1), L"");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"");
     });
 }
 
@@ -228,7 +228,7 @@ TEST_F(Placing, AMediaCenterItemReplacesAShortcutKey) {
 TEST_F(Placing, AMediaCenterItemReplacesAnother) {
     PlaceAndCheck(MusicButton(), MediaCenter(kFilms), [](const ButtonSlotEditor& editor) {
         EXPECT_TRUE(Globals().MediaCenterPicked);
-        EXPECT_EQ(editor.Slot().Title(1), L"Films");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"Films");
         EXPECT_EQ(editor.Slot().Name, L"My Films");
     });
 }
@@ -253,7 +253,7 @@ TEST_F(Placing, TheNameStays_WhenTheFirstCommandIsTheSameAsBefore) {
         EXPECT_EQ(editor.Slot().Name, L"Button");
     };
     PickedItem mail = Node(L"C:\\Apps\\Mail.exe");
-    mail.text = L"Other text.exe";
+    mail.name = L"Other text.exe";
     PlaceAndCheck(Full(), mail, keepsItsName);
     PlaceAndCheck(Button(L"K", {L"46"}), Key(kCopyKey), keepsItsName);
     PlaceAndCheck(MusicButton(), MediaCenter(kMusic), keepsItsName);

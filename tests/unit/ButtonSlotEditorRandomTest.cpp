@@ -130,32 +130,26 @@ private:
     }
 
     void ExpectPlaced(int target, int countBefore, const PickedItem& item) {
-        EXPECT_NE(editor_->Slot().AP(target + 1), L"");
+        EXPECT_NE(editor_->Slot().Program(target + 1).AP, L"");
         EXPECT_NE(editor_->ShownText(target), L"");
-        if (editor_->Slot().AP(1) == slotBefore_.AP(1)) {
+        if (editor_->Slot().Program(1).AP == slotBefore_.Program(1).AP) {
             EXPECT_EQ(editor_->Slot().Name, slotBefore_.Name);
-        } else if (item.kind != PickedItem::Kind::MediaCenter) {
+        } else if (item.source != ProgramSource::MediaCenter) {
             EXPECT_EQ(editor_->Slot().Name, editor_->ShownText(0));
         }
-        switch (item.kind) {
-        case PickedItem::Kind::Tree:
+        if (!IsList(item.source)) {
             EXPECT_EQ(editor_->Slot().NumAP, std::max(countBefore, target + 1));
             holds_ = Holds::Programs;
             return;
-        case PickedItem::Kind::ShortcutKey:
-            holds_ = Holds::ShortcutKey;
-            break;
-        default:
-            holds_ = Holds::MediaCenterItem;
-            break;
         }
+        holds_ = item.source == ProgramSource::ShortcutKey ? Holds::ShortcutKey : Holds::MediaCenterItem;
         EXPECT_EQ(editor_->Slot().NumAP, 1);
         EXPECT_EQ(Filled(), 1);
     }
 
     void Delete(int slot) {
         const bool shows = !editor_->ShownText(slot).empty();
-        const bool starts = !editor_->Slot().AP(slot + 1).empty();
+        const bool starts = !editor_->Slot().Program(slot + 1).AP.empty();
         const int filledBefore = Filled();
         const bool byMenu = Below(2) == 0;
         byMenu ? editor_->DeleteByMenu(slot) : editor_->DeleteByKey(slot);
@@ -187,11 +181,11 @@ private:
         ASSERT_LE(slot.NumAP, kMaxPrograms);
         EXPECT_EQ(slot.NumAP, editor_->Option() == 0 ? std::min(filled, 1) : filled);
         for (int number = 1; number <= kMaxPrograms; ++number) {
-            EXPECT_EQ(slot.AP(number).empty(), number > filled) << "a gap";
-            if (slot.AP(number).empty()) {
+            EXPECT_EQ(slot.Program(number).AP.empty(), number > filled) << "a gap";
+            if (slot.Program(number).AP.empty()) {
                 EXPECT_EQ(editor_->ShownText(number - 1), L"");
-                EXPECT_EQ(slot.Param(number), L"");
-                EXPECT_EQ(slot.Title(number), L"");
+                EXPECT_EQ(slot.Program(number).Param, L"");
+                EXPECT_EQ(slot.Program(number).Title, L"");
             }
         }
         CheckMethod();
@@ -209,17 +203,17 @@ private:
             EXPECT_LE(Filled(), 1);
             EXPECT_FALSE(editor_->CanSetParameter());
         }
-        if (dragged_ && dragged_->kind == PickedItem::Kind::MediaCenter) {
+        if (dragged_ && dragged_->source == ProgramSource::MediaCenter) {
             EXPECT_TRUE(Globals().MediaCenterPicked);
-        } else if (dragged_ && dragged_->kind == PickedItem::Kind::ShortcutKey) {
+        } else if (dragged_ && dragged_->source == ProgramSource::ShortcutKey) {
             EXPECT_FALSE(Globals().MediaCenterPicked);
         } else {
             EXPECT_EQ(Globals().MediaCenterPicked, holds_ == Holds::MediaCenterItem);
         }
         if (holds_ == Holds::MediaCenterItem && Filled() != 0) {
-            EXPECT_TRUE(slot.Title(1) == L"Music" || slot.Title(1) == L"Films");
-            EXPECT_EQ(slot.AP(1),
-                      slot.Title(1) == L"Music" ? L"C:\\mc\\mc.exe /music" : L"C:\\mc\\mc.exe /films");
+            EXPECT_TRUE(slot.Program(1).Title == L"Music" || slot.Program(1).Title == L"Films");
+            EXPECT_EQ(slot.Program(1).AP, slot.Program(1).Title == L"Music" ? L"C:\\mc\\mc.exe /music"
+                                                                            : L"C:\\mc\\mc.exe /films");
         }
     }
 

@@ -20,8 +20,8 @@ public:
     [[nodiscard]] static ButtonSlot Four() {
         ButtonSlot slot = Sequence(4);
         for (int number = 1; number <= 4; ++number) {
-            slot.Param(number) = L"p" + std::to_wstring(number);
-            slot.Title(number) = L"t" + std::to_wstring(number);
+            slot.Program(number).Param = L"p" + std::to_wstring(number);
+            slot.Program(number).Title = L"t" + std::to_wstring(number);
         }
         return slot;
     }
@@ -45,8 +45,8 @@ TEST_P(Removing, TheSecondOfFourMovesTheOthersUp) {
 
 TEST_P(Removing, TheLastOfFiveClearsItsSlot) {
     ButtonSlot slot = Sequence(5);
-    slot.Param(5) = L"parameter";
-    slot.Title(5) = L"title";
+    slot.Program(5).Param = L"parameter";
+    slot.Program(5).Title = L"title";
     ButtonSlotEditor editor = Open(slot);
     Remove(editor, 4);
     EXPECT_EQ(editor.Slot(), Sequence(4));
@@ -112,7 +112,7 @@ TEST_P(Removing, TheCountOfAShortcutKeyFallsByOne_WhateverIsStoredBehindIt) {
     ButtonSlotEditor editor = Open(slot);
     Remove(editor, 0);
     EXPECT_EQ(editor.Slot().NumAP, 0);
-    EXPECT_EQ(editor.Slot().AP(1), L"C:\\Apps\\Mail.exe");
+    EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Apps\\Mail.exe");
 }
 
 TEST_P(Removing, ASingleProgramLeavesNone) {
@@ -129,14 +129,14 @@ TEST_P(Removing, ASingleProgramMakesRoomForTheNext_WhichCountsAlone) {
     editor.ChooseOption(0);
     Remove(editor, 0);
     EXPECT_EQ(editor.Slot().NumAP, 1);
-    EXPECT_EQ(editor.Slot().AP(1), L"C:\\Apps\\app.v2.exe");
+    EXPECT_EQ(editor.Slot().Program(1).AP, L"C:\\Apps\\app.v2.exe");
 }
 
 TEST_P(Removing, AShortcutKey_FreesTheMethod) {
     ButtonSlotEditor editor = Open(Button(L"K", {L"46"}));
     Remove(editor, 0);
     EXPECT_EQ(editor.Slot().NumAP, 0);
-    EXPECT_EQ(editor.Slot().AP(1), L"");
+    EXPECT_EQ(editor.Slot().Program(1).AP, L"");
     EXPECT_EQ(editor.Slot().Exec, L"M");
     EXPECT_FALSE(editor.IsMethodLocked());
 }
@@ -145,7 +145,7 @@ TEST_P(Removing, AMediaCenterItem_FreesTheMethod) {
     ButtonSlotEditor editor = Open(MusicButton());
     Remove(editor, 0);
     EXPECT_EQ(editor.Slot().NumAP, 0);
-    EXPECT_EQ(editor.Slot().Title(1), L"");
+    EXPECT_EQ(editor.Slot().Program(1).Title, L"");
     EXPECT_FALSE(editor.IsMethodLocked());
     EXPECT_FALSE(Globals().MediaCenterPicked);
 }
@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(EitherWay, Removing, testing::Bool(), WayName);
 
 TEST_F(RemovingByMenu, DropsTheAction_WhenTheSlotShowsNothing) {
     ButtonSlot favourite = Button(L"M", {L"iexplore.exe|http://news.example/"});
-    favourite.Title(1) = L"News";
+    favourite.Program(1).Title = L"News";
     for (const ButtonSlot& slot : {favourite, Button(L"K", {L"99"})}) {
         ButtonSlotEditor editor = Open(slot);
         editor.DeleteByMenu(0);
@@ -164,7 +164,7 @@ TEST_F(RemovingByMenu, DropsTheAction_WhenTheSlotShowsNothing) {
 
 TEST_F(RemovingByKey, RemovesACommand_EvenWhenTheSlotShowsNothing) {
     ButtonSlot favourite = Button(L"M", {L"iexplore.exe|http://news.example/"});
-    favourite.Title(1) = L"News";
+    favourite.Program(1).Title = L"News";
     for (const ButtonSlot& slot : {favourite, Button(L"K", {L"99"})}) {
         ButtonSlotEditor editor = Open(slot);
         editor.DeleteByKey(0);
@@ -176,13 +176,13 @@ TEST_F(RemovingByKey, RemovesACommand_EvenWhenTheSlotShowsNothing) {
 
 TEST_F(RemovingByMenu, TakesATextWithoutACommand) {
     ButtonSlot slot = Sequence(1);
-    slot.Title(2) = L"Title";
+    slot.Program(2).Title = L"Title";
     ButtonSlotEditor editor = Open(slot);
     editor.DeleteByKey(1);
     EXPECT_EQ(editor.ShownText(1), L"Title") << "the key looks at the command";
     editor.DeleteByMenu(1);
     EXPECT_EQ(editor.ShownText(1), L"");
-    EXPECT_EQ(editor.Slot().Title(2), L"");
+    EXPECT_EQ(editor.Slot().Program(2).Title, L"");
 }
 
 TEST_F(RemovingByMenu, KeepsTheExtensionInTheName_ThatTheKeyCuts) {
@@ -203,7 +203,7 @@ TEST_F(ProgramParameter, IsOfItsSlotAlone) {
     editor.SetParameter(1, L" /x \"a b\" ");
     EXPECT_EQ(editor.Parameter(1), L" /x \"a b\" ");
     ButtonSlot expected = Sequence(3);
-    expected.Param(2) = L" /x \"a b\" ";
+    expected.Program(2).Param = L" /x \"a b\" ";
     EXPECT_EQ(editor.Slot(), expected);
     editor.SetParameter(1, L"");
     EXPECT_EQ(editor.Slot(), Sequence(3));

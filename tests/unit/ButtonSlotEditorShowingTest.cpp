@@ -33,7 +33,7 @@ TEST_F(ShownSlots, TheLetterSelectsTheOption_AndTheOptionTheSlots) {
 
 TEST_F(ShownSlots, OpeningChangesNothingInTheButton) {
     ButtonSlot favourite = Button(L"m", {L"iexplore.exe|http://news.example/"});
-    favourite.Title(1) = L"News";
+    favourite.Program(1).Title = L"News";
     ButtonSlot gaps = Button(L"p", {L"", L"C:\\Apps\\Mail.exe", L"C:\\no.exe"});
     gaps.NumAP = 2;
     for (const ButtonSlot& slot : {Sequence(5), MusicButton(), favourite, gaps, Button(L"k", {L"46"})}) {
@@ -43,8 +43,8 @@ TEST_F(ShownSlots, OpeningChangesNothingInTheButton) {
 
 TEST_F(ShownSlots, ATitleIsShownAsItIs) {
     ButtonSlot slot = Sequence(3);
-    slot.Title(1) = L"a\\b.c";
-    slot.Title(3) = L"Tax 1.0.exe";
+    slot.Program(1).Title = L"a\\b.c";
+    slot.Program(3).Title = L"Tax 1.0.exe";
     EXPECT_THAT(Shown(Open(slot)), ElementsAre(L"a\\b.c", L"app.v2", L"Tax 1.0.exe", L"", L""));
 }
 
@@ -94,8 +94,8 @@ TEST_F(ShownSlots, AShortcutKeyShowsItsName_AndLocksTheMethod) {
 
 TEST_F(ShownSlots, AShortcutKeyShowsItsName_WhateverElseIsStored) {
     ButtonSlot slot = Button(L"K", {L"46", L"C:\\Apps\\Mail.exe"});
-    slot.Title(1) = L"Music";
-    slot.Title(2) = L"Title";
+    slot.Program(1).Title = L"Music";
+    slot.Program(2).Title = L"Title";
     Globals().MediaCenterPicked = true;
     EXPECT_THAT(Shown(Open(slot)), ElementsAre(L"Copy", L"", L"", L"", L""));
     EXPECT_FALSE(Globals().MediaCenterPicked);
@@ -129,15 +129,15 @@ TEST_F(ShownSlots, AMediaCenterItemShowsItsTitle_LocksTheMethod_AndIsPicked) {
 
 TEST_F(ShownSlots, AMediaCenterItemIsKnownByItsTitleAlone) {
     ButtonSlot slot = MusicButton();
-    slot.AP(1) = L"D:\\other.exe";
+    slot.Program(1).AP = L"D:\\other.exe";
     EXPECT_EQ(Open(slot).ShownText(0), L"Music");
     EXPECT_TRUE(Globals().MediaCenterPicked);
 }
 
 TEST_F(ShownSlots, ASingleFavouriteIsTakenForTheMediaCenterItemOfItsTitle) {
     ButtonSlot slot = Button(L"M", {L"iexplore.exe|http://music.example/"});
-    slot.Param(1) = L"http://music.example/";
-    slot.Title(1) = L"Music";
+    slot.Program(1).Param = L"http://music.example/";
+    slot.Program(1).Title = L"Music";
     const ButtonSlotEditor editor = Open(slot);
     EXPECT_THAT(Shown(editor), ElementsAre(L"Music", L"", L"", L"", L""));
     EXPECT_TRUE(editor.IsMethodLocked());
@@ -147,7 +147,7 @@ TEST_F(ShownSlots, ASingleFavouriteIsTakenForTheMediaCenterItemOfItsTitle) {
 TEST_F(ShownSlots, ASingleProgramWithATitleShowsNothing_WhenMediaCenterHasNoSuchTitle) {
     for (const wchar_t* title : {L"News", L"music", L"Music ", L"My Music"}) {
         ButtonSlot slot = Button(L"M", {L"C:\\Apps\\Mail.exe"});
-        slot.Title(1) = title;
+        slot.Program(1).Title = title;
         Globals().MediaCenterPicked = true;
         const ButtonSlotEditor editor = Open(slot);
         EXPECT_THAT(Shown(editor), ElementsAre(L"", L"", L"", L"", L""));
@@ -173,7 +173,7 @@ TEST_F(ShownSlots, ASingleProgramWithATitleShowsNothing_WhenMediaCenterIsNotOffe
 
 TEST_F(ShownSlots, ATitleWithASecondProgramIsNoMediaCenterItem) {
     ButtonSlot slot = Button(L"M", {L"C:\\mc\\mc.exe /music", L"C:\\Apps\\Mail.exe"});
-    slot.Title(1) = L"Music";
+    slot.Program(1).Title = L"Music";
     const ButtonSlotEditor editor = Open(slot);
     EXPECT_THAT(Shown(editor), ElementsAre(L"Music", L"Mail", L"", L"", L""));
     EXPECT_FALSE(editor.IsMethodLocked());
@@ -197,7 +197,7 @@ TEST_F(ShownSlots, AnUnknownLetterIsReadAsASingleProgram) {
         EXPECT_EQ(music.ShownText(0), L"Music");
         EXPECT_TRUE(music.IsMethodLocked());
         EXPECT_FALSE(music.CanSetParameter());
-        slot.Title(1) = L"News";
+        slot.Program(1).Title = L"News";
         EXPECT_EQ(Open(slot).ShownText(0), L"");
 
         slot = Sequence(3);

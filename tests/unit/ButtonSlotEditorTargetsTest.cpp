@@ -16,6 +16,17 @@ int LastEnabledSlot(const ButtonSlotEditor& editor) {
     return editor.IsSlotEnabled(kSlots - 1) ? kSlots - 1 : 0;
 }
 
+class PickedRows : public Test, public RegistrationDialog {};
+
+TEST_F(PickedRows, ARowThatAnotherProgramPutIntoAListIsNothing) {
+    const std::size_t keys = sources.ShortcutKeys().size();
+    const std::size_t items = sources.MediaCenterTable().size();
+    ASSERT_TRUE(PickedRow(sources, ProgramSource::ShortcutKey, keys - 1).has_value());
+    EXPECT_FALSE(PickedRow(sources, ProgramSource::ShortcutKey, keys).has_value());
+    ASSERT_TRUE(PickedRow(sources, ProgramSource::MediaCenter, items - 1).has_value());
+    EXPECT_FALSE(PickedRow(sources, ProgramSource::MediaCenter, items).has_value());
+}
+
 // Dropping
 
 TEST_F(DropTargets, PastTheEndTheProgramGoesToTheNextFreeSlot) {
@@ -32,7 +43,7 @@ TEST_F(DropTargets, OntoAProgramItIsReplaced_AndTheCountStays) {
         ButtonSlotEditor editor = Open(Sequence(3));
         DragOnto(editor, slot, Node(L"C:\\Apps\\Notes.exe"));
         EXPECT_EQ(editor.Slot().NumAP, 3);
-        EXPECT_EQ(editor.Slot().AP(slot + 1), L"C:\\Apps\\Notes.exe");
+        EXPECT_EQ(editor.Slot().Program(slot + 1).AP, L"C:\\Apps\\Notes.exe");
     }
 }
 
@@ -42,8 +53,8 @@ TEST_F(DropTargets, AtFivePrograms_EverySlotIsReplaced) {
         DragOnto(editor, slot, Node(L"C:\\Apps\\Notes.exe"));
         EXPECT_EQ(editor.Slot().NumAP, 5);
         for (int number = 1; number <= kMaxPrograms; ++number) {
-            EXPECT_EQ(editor.Slot().AP(number),
-                      number == slot + 1 ? L"C:\\Apps\\Notes.exe" : Sequence(5).AP(number));
+            EXPECT_EQ(editor.Slot().Program(number).AP,
+                      number == slot + 1 ? L"C:\\Apps\\Notes.exe" : Sequence(5).Program(number).AP);
         }
     }
 }
@@ -75,9 +86,9 @@ TEST_F(DropTargets, AreWhereTheDropEnds) {
                 ButtonSlotEditor editor = Open(Sequence(programs));
                 const int target = editor.DropTarget(slot, item);
                 DragOnto(editor, slot, item);
-                EXPECT_NE(editor.Slot().AP(target + 1), Sequence(programs).AP(target + 1));
+                EXPECT_NE(editor.Slot().Program(target + 1).AP, Sequence(programs).Program(target + 1).AP);
                 EXPECT_LE(target, slot);
-                EXPECT_TRUE(item.kind == PickedItem::Kind::Tree || target == 0);
+                EXPECT_TRUE(!IsList(item.source) || target == 0);
             }
         }
     }
@@ -85,10 +96,9 @@ TEST_F(DropTargets, AreWhereTheDropEnds) {
 
 TEST_F(DropTargets, TheRootOfAllFilesCannotBeDragged) {
     const ButtonSlotEditor editor = Open(Sequence(2));
-    EXPECT_FALSE(editor.CanDrag(Node(L"My Computer", L"My Computer")));
-    EXPECT_FALSE(editor.CanDrag(PickedItem{}));
-    EXPECT_TRUE(editor.CanDrag(Node(L"C:", L"My Computer")));
-    EXPECT_TRUE(editor.CanDrag(Node(L"C:\\My Computer", L"My Computer")));
+    EXPECT_FALSE(editor.CanDrag(MyComputer()));
+    EXPECT_TRUE(editor.CanDrag(File(L"C:")));
+    EXPECT_TRUE(editor.CanDrag(File(L"My Computer"))) << "it is known by its place, not its name";
     EXPECT_TRUE(editor.CanDrag(Node(L"C:\\Apps\\Tools.d")));
     EXPECT_TRUE(editor.CanDrag(Key(kCopyKey)));
     EXPECT_TRUE(editor.CanDrag(MediaCenter(kMusic)));
@@ -126,9 +136,9 @@ TEST_F(SendMenu, OffersTheFirstProgramOnly_ForRowsOfTheLists) {
 
 TEST_F(SendMenu, IsNotForTheRootOfAllFiles) {
     const ButtonSlotEditor editor = Open(Sequence(2));
-    EXPECT_EQ(editor.SendTargets(Node(L"My Computer", L"My Computer")), 0);
-    EXPECT_EQ(editor.SendTargets(Node(L"C:", L"My Computer")), 3);
-    EXPECT_EQ(editor.SendTargets(PickedItem{}), 0) << "nothing is selected";
+    EXPECT_EQ(editor.SendTargets(MyComputer()), 0);
+    EXPECT_EQ(editor.SendTargets(File(L"C:")), 3);
+    EXPECT_EQ(editor.SendTargets(File(L"My Computer")), 3) << "it is known by its place, not its name";
 }
 
 TEST_F(SendMenu, IsForFoldersOfTheStartMenu) {
@@ -142,7 +152,7 @@ TEST_F(SendMenu, IsForInternetShortcutsOnly_UnderTheFavourites) {
     EXPECT_EQ(editor.SendTargets(Favorite(L"C:\\Favorites\\Travel")), 0);
     EXPECT_EQ(editor.SendTargets(Favorite(L"C:\\Favorites\\desktop.ini")), 0);
     EXPECT_EQ(editor.SendTargets(Favorite(L"C:\\Favorites")), 0) << "its root";
-    EXPECT_EQ(editor.SendTargets(Node(L"C:\\Favorites\\desktop.ini", L"My Computer")), 3);
+    EXPECT_EQ(editor.SendTargets(File(L"C:\\Favorites\\desktop.ini")), 3);
 }
 
 TEST_F(SendMenu, TheNextFreeSlotIncreasesTheCount_AndAProgramDoesNot) {
@@ -153,7 +163,7 @@ TEST_F(SendMenu, TheNextFreeSlotIncreasesTheCount_AndAProgramDoesNot) {
             SendTo(editor, slot, Node(L"C:\\Apps\\Notes.exe"));
             const auto before = static_cast<int>(programs);
             EXPECT_EQ(editor.Slot().NumAP, std::max(before, slot + 1));
-            EXPECT_EQ(editor.Slot().AP(slot + 1), L"C:\\Apps\\Notes.exe");
+            EXPECT_EQ(editor.Slot().Program(slot + 1).AP, L"C:\\Apps\\Notes.exe");
             EXPECT_EQ(editor.Slot().Exec, L"S");
         }
     }
@@ -176,18 +186,17 @@ TEST_F(DroppedFiles, AreTheTreeItemsOfTheirPaths) {
         ButtonSlotEditor dropped = Open(Sequence(2));
         dropped.DropPaths(0, {path});
         ButtonSlotEditor dragged = Open(Sequence(2));
-        DragOnto(dragged, 0, Node(path, L"My Computer"));
+        DragOnto(dragged, 0, File(path));
         EXPECT_EQ(dropped.Slot(), dragged.Slot());
         EXPECT_EQ(Shown(dropped), Shown(dragged));
     }
 }
 
 TEST_F(DroppedFiles, ADriveIsNamedAsInTheTree) {
-    EXPECT_EQ(PickedPath(L"D:\\").key, L"D:");
-    EXPECT_EQ(PickedPath(L"D:\\").text, L"D:");
-    EXPECT_EQ(PickedPath(L"\\\\server\\share\\").key, L"\\\\server\\share");
-    EXPECT_EQ(PickedPath(L"C:\\Apps\\Mail.exe").text, L"Mail.exe");
-    EXPECT_EQ(PickedPath(L"C:\\Apps\\Mail.exe").rootText, L"");
+    EXPECT_EQ(PickedPath(L"D:\\").command, L"D:");
+    EXPECT_EQ(PickedPath(L"D:\\").name, L"D:");
+    EXPECT_EQ(PickedPath(L"\\\\server\\share\\").command, L"\\\\server\\share");
+    EXPECT_EQ(PickedPath(L"C:\\Apps\\Mail.exe").name, L"Mail.exe");
 }
 
 TEST_F(DroppedFiles, FillSuccessiveSlots) {
@@ -227,7 +236,7 @@ TEST_F(DroppedFiles, ASingleProgramTakesTheFirstOnly) {
         EXPECT_THAT(Commands(editor), ElementsAre(L"D:\\1.exe", L"", L"", L"", L""));
         EXPECT_EQ(editor.Slot().NumAP, 1);
         EXPECT_EQ(editor.Slot().Exec, L"M");
-        EXPECT_EQ(editor.Slot().Title(1), L"");
+        EXPECT_EQ(editor.Slot().Program(1).Title, L"");
         EXPECT_EQ(editor.Slot().Name, L"1.exe");
         EXPECT_FALSE(editor.IsMethodLocked());
         EXPECT_FALSE(Globals().MediaCenterPicked);

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -274,12 +275,11 @@ TEST_F(EnumFile, KnowsWhichFoldersHaveSubfolders) {
     EXPECT_THAT(checks, ElementsAre(false, false, true, true, false, false));
 }
 
-TEST_F(EnumFile, LooksForSubfoldersWhenFirstAsked_AndOnlyOnce) {
+TEST_F(EnumFile, LooksForSubfoldersOnlyWhenAsked) {
     disk.AddFolder(L"C:\\top\\a\\deep");
     disk.AddFolder(L"C:\\top\\b\\deep");
     folder.EnumDisk(L"C:\\top");
     EXPECT_THAT(disk.searches, ElementsAre(L"C:\\top\\*.*"));
-    EXPECT_TRUE(folder.GetSubDirCheck(1));
     EXPECT_TRUE(folder.GetSubDirCheck(1));
     EXPECT_THAT(disk.searches, ElementsAre(L"C:\\top\\*.*", L"C:\\top\\b\\*.*"));
 }
@@ -319,26 +319,69 @@ TEST_F(EnumFile, LetsPendingEventsRunBeforeItLooksAtTheDisk) {
     EXPECT_EQ(looksBefore, 0U);
 }
 
-TEST_F(EnumFile, MayBeClearedByAPendingEvent_WhileItLooksForSubfolders) {
-    disk.AddFolder(L"C:\\top\\sub\\deep");
+TEST_F(EnumFile, LetsPendingEventsRunAgainEverySoManyEntries) {
+    const auto many = static_cast<int>(CEnumFileMinor::kEntriesAtOnce);
+    for (int i = 0; i < 3 * many; ++i) {
+        disk.AddFile(L"C:\\top\\" + std::to_wstring(i), "",
+                     i % 2 == 0 ? kAttributeArchive : kAttributeHidden);
+    }
+    std::size_t seen = 0;
+    std::size_t longest = 0;
+    events.whenProcessed = [&] {
+        longest = std::max(longest, disk.reportedEntries - seen);
+        seen = disk.reportedEntries;
+    };
     folder.EnumDisk(L"C:\\top");
+    EXPECT_EQ(events.processed, 4) << "hidden entries take their time too";
+    EXPECT_LE(longest, CEnumFileMinor::kEntriesAtOnce);
+}
+
+TEST_F(EnumFile, EndsWhenAPendingEventMakesItUnwanted) {
+    const auto many = static_cast<int>(CEnumFileMinor::kEntriesAtOnce);
+    for (int i = 0; i < 3 * many; ++i) {
+        disk.AddFile(L"C:\\top\\" + std::to_wstring(i));
+    }
+    events.whenProcessed = [&] { events.wanted = events.processed < 2; };
+    EXPECT_FALSE(folder.EnumDisk(L"C:\\top"));
+    EXPECT_EQ(disk.reportedEntries, CEnumFileMinor::kEntriesAtOnce);
+
+    disk.Forget();
+    EXPECT_FALSE(folder.EnumDisk(L"C:\\top"));
+    EXPECT_FALSE(folder.CheckSubDirectory(L"C:\\top"));
+    EXPECT_THAT(disk.questions, IsEmpty());
+    EXPECT_THAT(disk.searches, IsEmpty());
+}
+
+TEST_F(EnumFile, MayBeClearedByAPendingEvent) {
+    const auto many = static_cast<int>(CEnumFileMinor::kEntriesAtOnce);
+    for (int i = 0; i < 2 * many; ++i) {
+        disk.AddFolder(L"C:\\top\\" + std::to_wstring(i) + L"\\deep");
+    }
     events.whenProcessed = [&] { folder.Clear(); };
-    EXPECT_FALSE(folder.GetSubDirCheck(0));
+    folder.EnumDisk(L"C:\\top");
+    EXPECT_LT(folder.GetDirCount(), many + 2);
+    EXPECT_FALSE(folder.GetSubDirCheck(folder.GetDirCount()));
+    const std::wstring last = folder.GetDirName(folder.GetDirCount() - 1);
+    EXPECT_EQ(last, std::to_wstring(2 * many - 1));
+    EXPECT_TRUE(folder.GetSubDirCheck(folder.GetDirCount() - 1));
     EXPECT_EQ(folder.GetDirCount(), 0);
 }
 
-TEST_F(EnumFile, AnswersForTheFolderThatIsInTheListNow_WhenAPendingEventFillsItAnew) {
-    disk.AddFolder(L"C:\\old\\sub\\deep");
-    disk.AddFolder(L"C:\\new\\empty");
-    folder.EnumDisk(L"C:\\old");
-    events.whenProcessed = [&] {
-        folder.Clear();
-        folder.EnumDisk(L"C:\\new");
-    };
-    (void)folder.GetSubDirCheck(0);
-    events.whenProcessed = nullptr;
-    ASSERT_THAT(Folders(), ElementsAre(L"empty"));
-    EXPECT_FALSE(folder.GetSubDirCheck(0));
+TEST_F(EnumFile, ItsReservedMemberChangesNothing) {
+    disk.AddFolder(L"C:\\top\\sub\\deep");
+    disk.AddFile(L"C:\\top\\a.txt");
+    folder.FileAttribute(0xFF);
+    folder.EnumDisk(L"C:\\top");
+    disk.Forget();
+    const int processed = events.processed;
+    EXPECT_EQ(CEnumFileMinor::SearchDiskInfo(1, 2, 3, 4, 5), CEnumFileMinor::SearchDiskInfo(0, 0, 0, 0, 0));
+    EXPECT_THAT(disk.questions, IsEmpty());
+    EXPECT_THAT(disk.searches, IsEmpty());
+    EXPECT_EQ(events.processed, processed);
+    EXPECT_EQ(folder.FileAttribute(), 0xFFU);
+    EXPECT_THAT(Folders(), ElementsAre(L"sub"));
+    EXPECT_THAT(Files(), ElementsAre(L"a.txt"));
+    EXPECT_TRUE(folder.GetSubDirCheck(0));
 }
 
 TEST_F(EnumFile, AFolderThatContainsItselfIsReadOneLevelAtATime) {
@@ -350,18 +393,6 @@ TEST_F(EnumFile, AFolderThatContainsItselfIsReadOneLevelAtATime) {
     EXPECT_TRUE(folder.GetSubDirCheck(0));
     EXPECT_THAT(disk.searches,
                 ElementsAre(L"C:\\top\\loop\\loop\\loop\\*.*", L"C:\\top\\loop\\loop\\loop\\loop\\*.*"));
-}
-
-TEST_F(EnumFile, HandsOverAllNamesAtOnce) {
-    disk.AddFolder(L"C:\\top\\sub");
-    disk.AddFile(L"C:\\top\\b.txt");
-    disk.AddFile(L"C:\\top\\a.txt");
-    folder.EnumDisk(L"C:\\top");
-    EXPECT_THAT(folder.TakeDirNames(), ElementsAre(L"sub"));
-    EXPECT_THAT(folder.TakeFileNames(), ElementsAre(L"b.txt", L"a.txt"));
-    EXPECT_EQ(folder.GetDirCount(), 0);
-    EXPECT_EQ(folder.GetFileCount(), 0);
-    EXPECT_FALSE(folder.GetSubDirCheck(0));
 }
 
 } // namespace

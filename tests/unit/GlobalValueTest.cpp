@@ -1,5 +1,6 @@
 #include "settings/GlobalValue.h"
 
+#include "app/StringTable.h"
 #include "fakes/FakeStrings.h"
 
 #include <gtest/gtest.h>

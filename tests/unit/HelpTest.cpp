@@ -4,7 +4,6 @@
 #include "fakes/FakeShell.h"
 #include "fakes/FakeStrings.h"
 #include "fakes/FakeWindows.h"
-#include "settings/GlobalValue.h"
 
 #include <gmock/gmock.h>
 

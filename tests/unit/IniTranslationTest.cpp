@@ -1,6 +1,7 @@
-#include "settings/IniTranslation.h"
+#include "settings/StoreLayout.h"
 
-#include <gtest/gtest.h>
+#include "TestStore.h"
+#include "settings/PatternStore.h"
 
 namespace {
 
@@ -18,6 +19,8 @@ struct Translation {
 void PrintTo(const Translation& translation, std::ostream* stream) {
     *stream << testing::PrintToString(translation.section) << ' ' << testing::PrintToString(translation.key);
 }
+
+class TableOfFields : public testing::Test, public TestStore {};
 
 class IniName : public testing::TestWithParam<Translation> {};
 
@@ -72,6 +75,12 @@ INSTANTIATE_TEST_SUITE_P(
                     false},
         Translation{L"ButtonNumberIsOneDigit", L"USER1", L"Btn12_Name", L"\\Setting\\Set1\\AppKey1",
                     L"DispTitle", false},
+        Translation{L"ButtonNumberThatIsNone", L"USER1", L"BtnX_Exec", L"\\Setting\\Set1\\AppKey0",
+                    L"Execute", false},
+        Translation{L"ProgramNumberThatIsNone", L"USER1", L"Btn1_AP", L"\\Setting\\Set1\\AppKey1", L"AP0",
+                    false},
+        Translation{L"ButtonAnywhereInTheName", L"USER1", L"x2y4Btn_Title3", L"\\Setting\\Set1\\AppKey4",
+                    L"ProgName3", false},
         Translation{L"ProgramNumberIsTheLastDigit", L"USER1", L"Btn1_AP12", L"\\Setting\\Set1\\AppKey1",
                     L"AP2", false}),
     TestName);
@@ -93,8 +102,21 @@ INSTANTIATE_TEST_SUITE_P(
         Translation{L"OfTheButton", L"USER1", L"Btn1_Other", L"\\Setting\\Set1\\AppKey1", L"", false},
         Translation{L"OfThePattern", L"USER1", L"Other", L"\\Setting\\Set1", L"", false},
         Translation{L"OfAButtonWithoutANumber", L"USER1", L"Btn", L"\\Setting\\Set1\\AppKey0", L"", false},
+        Translation{L"OfAPatternsNameInLowerCase", L"USER1", L"username", L"\\Setting\\Set1", L"", false},
+        Translation{L"OfANameWithoutAButton", L"USER1", L"_Exec", L"\\Setting\\Set1", L"", false},
         Translation{L"OfAnEmptyKey", L"USER1", L"", L"\\Setting\\Set1", L"", false}),
     TestName);
+
+TEST_F(TableOfFields, GivesEachEntryThePlaceOfItsOwnRow) {
+    for (const PatternEntry& entry : PatternStore(store, kMaxButtons).Entries()) {
+        const std::wstring subkey = entry.button == 0 ? L"" : L"\\AppKey" + std::to_wstring(entry.button);
+        const std::wstring program = entry.program == 0 ? L"" : std::to_wstring(entry.program);
+        const RegistryPlace place{kProduct + L"\\Setting\\Set3" + subkey,
+                                  std::wstring(entry.field->registryName) + program,
+                                  entry.field->kind == FieldKind::Count};
+        EXPECT_EQ(TranslateIniName(L"USER3", entry.key), place) << testing::PrintToString(entry.key);
+    }
+}
 
 TEST(IniTranslationTest, HasNoPlace_ForAnotherSection) {
     EXPECT_EQ(TranslateIniName(L"OTHER", L"UserName"), std::nullopt);

@@ -8,6 +8,21 @@
 #include "fakes/FakeFonts.h"
 #include "fakes/FakeWindows.h"
 
+/// Answers to the question whether to save. AskNothing fails when the question comes.
+inline SaveAnswer AnswerYes() {
+    return SaveAnswer::Yes;
+}
+inline SaveAnswer AnswerNo() {
+    return SaveAnswer::No;
+}
+inline SaveAnswer AnswerCancel() {
+    return SaveAnswer::Cancel;
+}
+inline SaveAnswer AskNothing() {
+    ADD_FAILURE() << "asked whether to save";
+    return SaveAnswer::Cancel;
+}
+
 /// The settings of a dialog with two Patterns, "Home" (current) and "Work".
 struct MainDialog : TestStore {
     MainDialog() {
@@ -39,11 +54,15 @@ struct MainDialog : TestStore {
         }
     }
 
-    /// The pattern manager opens and closes on what is in the store. True when the whole Pattern was read again.
-    bool OpenAndCloseManager() {
-        PatternList managed = settings.PatternsToManage();
-        managed.Load();
-        return settings.ReloadPatternList(managed);
+    /// The pattern manager opens, `manage` works with it, and it closes.
+    void UseManager(const std::function<void(PatternList&)>& manage) {
+        settings.ManagePatterns([&](PatternList& list) {
+            list.Load();
+            manage(list);
+        });
+    }
+    void OpenAndCloseManager() {
+        UseManager([](PatternList& /*list*/) {});
     }
 
     /// Written() without the lines that begin so.

@@ -16,33 +16,67 @@ constexpr const wchar_t* kSecondPatternsFirstButton = L"Setting\\Set2\\AppKey1";
 
 class Saving : public Test, public LoadedMainDialog {};
 
-TEST_F(Saving, WritesTheCurrentNumberAndTheCount) {
-    settings.WritePatternNumbers();
+TEST_F(Saving, OkWritesTheNumbersAndAsksNothing_WithoutAChange) {
+    EXPECT_TRUE(settings.Ok(AskNothing));
     EXPECT_THAT(Written(), ElementsAre("CurrSetting = 1", "NumSetting = 2"));
     EXPECT_THAT(windows.Events(), IsEmpty());
 }
 
-TEST_F(Saving, WritesNoEdit_WhenItWritesTheNumbersAlone) {
-    settings.SetButtonName(1, L"Other");
-    settings.WritePatternNumbers();
-    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+TEST_F(Saving, OkWritesTheNumbersBeforeItAsks) {
+    settings.SetButtonName(1, L"Post");
+    std::vector<std::string> writtenWhenAsked;
+    EXPECT_TRUE(settings.Ok([&] {
+        writtenWhenAsked = Written();
+        return SaveAnswer::Yes;
+    }));
+    EXPECT_THAT(writtenWhenAsked, ElementsAre("CurrSetting = 1", "NumSetting = 2"));
+}
+
+TEST_F(Saving, OkSavesTellsTheLauncherAndCloses_WhenTheAnswerIsYes) {
+    settings.SetButtonName(1, L"Post");
+    EXPECT_TRUE(settings.Ok(AnswerYes));
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
+    EXPECT_FALSE(settings.AnythingChanged());
+    EXPECT_EQ(windows.Events().size(), 1U);
+}
+
+TEST_F(Saving, OkClosesWithoutSaving_WhenTheAnswerIsNo) {
+    settings.SetButtonName(1, L"Post");
+    EXPECT_TRUE(settings.Ok(AnswerNo));
+    EXPECT_THAT(Written(), ElementsAre("CurrSetting = 1", "NumSetting = 2"));
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Saving, OkStaysWithTheEdits_WhenTheAnswerIsCancel) {
+    settings.SetButtonName(1, L"Post");
+    EXPECT_FALSE(settings.Ok(AnswerCancel));
+    EXPECT_THAT(Written(), ElementsAre("CurrSetting = 1", "NumSetting = 2"));
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
     EXPECT_TRUE(settings.PatternChanged());
 }
 
-TEST_F(Saving, SavesThePatternAndThenTheScreen_AndLeavesTheRestAlone) {
+TEST_F(Saving, OkAsks_WhenOnlyTheScreenHasChanged) {
+    OnScreenSettings screen = settings.OnScreen();
+    screen.Color = 255;
+    settings.SetOnScreen(screen);
+    EXPECT_TRUE(settings.Ok(AnswerYes));
+    EXPECT_EQ(UserDword(L"OnScreen", L"Color"), 255);
+}
+
+TEST_F(Saving, ApplyWritesTheNumbers_ThenThePattern_ThenTheScreen_AndLeavesTheRestAlone) {
     settings.SetButtonName(1, L"Post");
-    settings.Save();
+    settings.Apply();
     const std::vector<std::string> written = Written();
-    EXPECT_EQ(written.front(), "Setting\\Set1 SetName = \"Home\"");
+    EXPECT_EQ(written.at(2), "Setting\\Set1 SetName = \"Home\"");
     EXPECT_THAT(written, Contains("Setting\\Set1\\AppKey1 DispTitle = \"Post\""));
     EXPECT_THAT(WrittenElsewhere("Setting\\Set1"),
-                ElementsAre("OnScreen OnScreen = 0", "OnScreen FontFace = \"Arial\"", "OnScreen size = 3",
-                            "OnScreen Color = 0"));
+                ElementsAre("CurrSetting = 1", "NumSetting = 2", "OnScreen OnScreen = 0",
+                            "OnScreen FontFace = \"Arial\"", "OnScreen size = 3", "OnScreen Color = 0"));
     EXPECT_THAT(written.back(), StartsWith("OnScreen "));
 }
 
 TEST_F(Saving, SavesAllShownButtonsAndNoOther) {
-    settings.Save();
+    settings.Apply();
     EXPECT_THAT(Written(), Contains(StartsWith("Setting\\Set1\\AppKey7 ")));
     EXPECT_THAT(Written(), Not(Contains(StartsWith("Setting\\Set1\\AppKey8 "))));
 }
@@ -52,14 +86,14 @@ TEST_F(Saving, HasNothingToSaveAnyMore_OnceSaved) {
     screen.Color = 255;
     settings.SetOnScreen(screen);
     settings.SetButtonName(1, L"");
-    settings.Save();
+    settings.Apply();
     EXPECT_FALSE(settings.AnythingChanged());
     EXPECT_EQ(settings.Slot(1).Name, L" ");
 }
 
 TEST_F(Saving, HasTheNamesThatTheCodePageCanStore_OnceSaved) {
     settings.SetButtonName(1, L"a\x65E5z");
-    settings.Save();
+    settings.Apply();
     EXPECT_EQ(settings.Slot(1).Name, L"a?z");
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "a?z");
     EXPECT_FALSE(settings.AnythingChanged());
@@ -69,7 +103,7 @@ TEST_F(Saving, TellsTheLauncherOnce_AfterEverythingIsStored) {
     settings.SetButtonName(1, L"Post");
     std::size_t writesWhenTold = 0;
     windows.whileSending = [&] { writesWhenTold = Written().size(); };
-    settings.Save();
+    settings.Apply();
     EXPECT_THAT(windows.Events(),
                 ElementsAre(FakeWindows::Event{FakeWindows::Deed::Sent, launcher, 1336, 1, 0}));
     EXPECT_EQ(writesWhenTold, Written().size());
@@ -82,12 +116,12 @@ TEST_F(Saving, CountsATitleAsNoChange_ButSavesIt) {
     other.Load();
     EXPECT_TRUE(PatternsEqual(settings.Working(), other.Working(), 7));
     PutUser(kFirstButton, L"ProgName1", "Elsewhere");
-    other.Save();
+    other.Apply();
     EXPECT_EQ(UserString(kFirstButton, L"ProgName1"), "Changed");
 }
 
 TEST_F(Saving, SwitchesToAnotherPatternAtOnce) {
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AskNothing);
     EXPECT_EQ(settings.CurrentPattern(), 2);
     EXPECT_EQ(settings.Working().UserName, L"Work");
     EXPECT_EQ(settings.Slot(1).Name, L"Report");
@@ -97,16 +131,16 @@ TEST_F(Saving, SwitchesToAnotherPatternAtOnce) {
 
 TEST_F(Saving, DropsTheEdits_WhenItSwitchesWithoutSaving) {
     settings.SetButtonName(1, L"Other");
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AnswerNo);
     EXPECT_THAT(Written(), ElementsAre("CurrSetting = 2"));
-    settings.SwitchPattern(1, false);
+    settings.SwitchPattern(1, AskNothing);
     EXPECT_EQ(settings.Slot(1).Name, L"Mail");
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
 }
 
 TEST_F(Saving, SavesTheEditsUnderTheOldNumber_BeforeItSwitches) {
     settings.SetButtonName(1, L"Post");
-    settings.SwitchPattern(2, true);
+    settings.SwitchPattern(2, AnswerYes);
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
     EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Report");
     EXPECT_EQ(settings.Slot(1).Name, L"Report");
@@ -114,11 +148,31 @@ TEST_F(Saving, SavesTheEditsUnderTheOldNumber_BeforeItSwitches) {
     EXPECT_EQ(Written().back(), "CurrSetting = 2");
 }
 
+TEST_F(Saving, StaysWithTheEdits_WhenTheAnswerToASwitchIsCancel) {
+    settings.SetButtonName(1, L"Post");
+    settings.SwitchPattern(2, AnswerCancel);
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(Saving, SwitchesToNoPatternThatIsNotInTheList_NorToTheCurrentOne) {
+    settings.SetButtonName(1, L"Post");
+    for (const int number : {1, 0, -1, 3, 11}) {
+        settings.SwitchPattern(number, AskNothing);
+    }
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
 TEST_F(Saving, LeavesTheScreenPending_WhenItSwitches) {
     OnScreenSettings screen = settings.OnScreen();
     screen.Color = 255;
     settings.SetOnScreen(screen);
-    settings.SwitchPattern(2, true);
+    settings.SwitchPattern(2, AskNothing);
     EXPECT_EQ(settings.OnScreen(), screen);
     EXPECT_TRUE(settings.AnythingChanged());
     EXPECT_THAT(Written(), Each(Not(HasSubstr("OnScreen"))));
@@ -127,7 +181,7 @@ TEST_F(Saving, LeavesTheScreenPending_WhenItSwitches) {
 TEST_F(Saving, TellsTheLauncherOnce_WhenTheNewNumberIsStored) {
     std::optional<std::int32_t> currentWhenTold;
     windows.whileSending = [&] { currentWhenTold = UserDword(L"", L"CurrSetting"); };
-    settings.SwitchPattern(2, true);
+    settings.SwitchPattern(2, AskNothing);
     EXPECT_EQ(currentWhenTold, 2);
     EXPECT_THAT(windows.Events(),
                 ElementsAre(FakeWindows::Event{FakeWindows::Deed::Sent, launcher, 1336, 1, 0}));
@@ -136,7 +190,7 @@ TEST_F(Saving, TellsTheLauncherOnce_WhenTheNewNumberIsStored) {
 TEST_F(Saving, ShowsTheNewPattern_BeforeTheLauncherTakesItsTime) {
     std::wstring shown;
     std::size_t toldBefore = 1;
-    settings.SwitchPattern(2, true, [&] {
+    settings.SwitchPattern(2, AskNothing, [&] {
         shown = settings.Slot(1).Name;
         toldBefore = windows.Events().size();
     });
@@ -147,10 +201,10 @@ TEST_F(Saving, ShowsTheNewPattern_BeforeTheLauncherTakesItsTime) {
 
 TEST_F(Saving, ShowsThePicturesOfTheNewPattern) {
     PutUser(kSecondPatternsFirstButton, L"Execute", "P");
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AskNothing);
     EXPECT_EQ(settings.PictureOf(1), kPictureSimul);
-    PutUser(kSecondPatternsFirstButton, L"NumAP", 0);
-    settings.SwitchPattern(2, false);
+    PutUser(kFirstButton, L"NumAP", 0);
+    settings.SwitchPattern(1, AskNothing);
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
 }
 
@@ -166,88 +220,155 @@ TEST_F(Saving, TakesTheNumbersAndNamesThatTheManagerLeft) {
     EXPECT_THAT(windows.Events(), IsEmpty());
 }
 
-TEST_F(Saving, KeepsUnsavedEdits_WhenTheManagerCloses) {
+TEST_F(Saving, KeepsUnsavedEdits_WhateverTheManagerDoesToOtherPatterns) {
     settings.SetButtonName(1, L"Post");
-    OpenAndCloseManager();
+    UseManager([](PatternList& list) {
+        list.Add(L"New");
+        list.Copy(0, L"Copied");
+        list.Rename(0, L"Renamed");
+        list.Delete(1);
+    });
     EXPECT_EQ(settings.Slot(1).Name, L"Post");
+    EXPECT_EQ(settings.Working().UserName, L"Renamed");
     EXPECT_TRUE(settings.PatternChanged());
+    EXPECT_THAT(settings.PatternNames(), ElementsAre(L"Renamed", L"New", L"Copied"));
 }
 
 TEST_F(Saving, FollowsItsPattern_WhenTheManagerDeletesTheOneBefore) {
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AskNothing);
     settings.SetButtonName(1, L"Post");
-    PatternList managed = settings.PatternsToManage();
-    managed.Load();
-    managed.Delete(0);
-    EXPECT_FALSE(settings.ReloadPatternList(managed));
+    UseManager([](PatternList& list) { list.Delete(0); });
     EXPECT_EQ(settings.CurrentPattern(), 1);
     EXPECT_EQ(settings.Slot(1).Name, L"Post");
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Report");
-    settings.Save();
+    settings.Apply();
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
 }
 
 TEST_F(Saving, KeepsUnsavedEdits_WhenAnEarlierSaveWasRefused) {
     settings.SetButtonName(1, L"Post");
     registry.refusesWrites = true;
-    settings.Save();
+    settings.Apply();
     settings.SetButtonName(2, L"Letters");
-    EXPECT_FALSE(OpenAndCloseManager());
+    OpenAndCloseManager();
     EXPECT_EQ(settings.Slot(1).Name, L"Post");
     EXPECT_EQ(settings.Slot(2).Name, L"Letters");
 }
 
-TEST_F(Saving, KeepsUnsavedEdits_WhenNothingWasStored_ThoughItsPatternDoesNotReadAsItIsShown) {
-    // A method that is missing is shown as "M".
-    registry.Remove(RegistryHive::CurrentUser, Path(L"Setting\\Set2\\AppKey7"), L"Execute");
-    settings.SwitchPattern(2, false);
-    settings.SetButtonName(1, L"Letters");
-    registry.refusesWrites = true;
-    PatternList managed = settings.PatternsToManage();
-    managed.Load();
-    managed.Delete(0);
-    EXPECT_FALSE(settings.ReloadPatternList(managed));
-    EXPECT_EQ(settings.CurrentPattern(), 2);
-    EXPECT_EQ(settings.Slot(1).Name, L"Letters");
-}
+// Edits of one Pattern never go over another.
 
-TEST_F(Saving, KeepsUnsavedEdits_UnderTheNumberThatAnotherProgramMadeCurrent) {
+TEST_F(Saving, ShowsThePatternThatAnotherProgramMadeCurrent_OnceTheManagerCloses) {
     settings.SetButtonName(1, L"Post");
     PutUser(L"", L"CurrSetting", 2);
-    EXPECT_FALSE(OpenAndCloseManager());
+    OpenAndCloseManager();
     EXPECT_EQ(settings.CurrentPattern(), 2);
     EXPECT_EQ(settings.Working().UserName, L"Work");
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+    EXPECT_FALSE(settings.AnythingChanged());
+    settings.Apply();
+    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Report");
+}
+
+TEST_F(Saving, ShowsThePatternThatAnotherProgramMadeCurrent_WhileTheManagerIsOpen) {
+    settings.SetButtonName(1, L"Post");
+    UseManager([this](PatternList& /*list*/) { PutUser(L"", L"CurrSetting", 2); });
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+}
+
+TEST_F(Saving, ShowsThePatternThatMovedUp_WhenItsOwnWasDeleted) {
+    settings.SetButtonName(1, L"Post");
+    PutUser(L"", L"CurrSetting", 2); // which lets the manager delete the first
+    UseManager([](PatternList& list) { list.Delete(0); });
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Working().UserName, L"Work");
+    EXPECT_EQ(settings.Slot(1).Name, L"Report");
+}
+
+TEST_F(Saving, ShowsWhatIsStored_WhenADeletionsNewNumberWasRefused) {
+    PutPattern(3, "Travel", "Maps");
+    PutUser(L"", L"NumSetting", 3);
+    settings.Load();
+    settings.SwitchPattern(2, AskNothing);
+    settings.SetButtonName(1, L"Post");
+    registry.refusedName = L"CurrSetting";
+    UseManager([](PatternList& list) { list.Delete(0); });
+    EXPECT_EQ(settings.CurrentPattern(), 2);
+    EXPECT_EQ(settings.Working().UserName, L"Travel");
+    EXPECT_EQ(settings.Slot(1).Name, L"Maps");
+}
+
+TEST_F(Saving, ShowsWhatIsStored_WhenADeletionCouldNotMoveItsPattern) {
+    settings.SwitchPattern(2, AskNothing);
+    settings.SetButtonName(1, L"Post");
+    registry.refusedName = L"SetName";
+    UseManager([](PatternList& list) { list.Delete(0); });
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Working().UserName, L"Home");
+    EXPECT_FALSE(settings.PatternChanged());
+}
+
+TEST_F(Saving, ShowsTheStoredCurrentPattern_WhenTheNumberOfASwitchWasRefused) {
+    registry.refusedName = L"CurrSetting";
+    settings.SwitchPattern(2, AskNothing);
+    settings.SetButtonName(1, L"Letters");
+    OpenAndCloseManager();
+    EXPECT_EQ(settings.CurrentPattern(), 1);
+    EXPECT_EQ(settings.Slot(1).Name, L"Mail");
+}
+
+TEST_F(Saving, SavesIntoItsOwnPattern_WhenTheNumberOfASwitchWasRefused) {
+    registry.refusedName = L"CurrSetting";
+    settings.SwitchPattern(2, AskNothing);
+    settings.SetButtonName(1, L"Letters");
+    settings.Apply();
+    EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Letters");
+    EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
+    registry.refusedName.clear();
+    settings.Apply();
+    EXPECT_EQ(UserDword(L"", L"CurrSetting"), 2);
+}
+
+class BeyondTheList : public Test, public MainDialog {
+public:
+    BeyondTheList() {
+        PutPattern(3, "Travel", "Maps");
+        PutUser(L"", L"CurrSetting", 3);
+        settings.Load();
+        settings.SetButtonName(1, L"Post");
+        ForgetOperations();
+    }
+};
+
+TEST_F(BeyondTheList, ThePatternStaysWithItsEdits_WhateverIsDeleted) {
+    UseManager([](PatternList& list) {
+        EXPECT_EQ(list.CurrentPattern(), 1);
+        list.Delete(1);
+    });
+    EXPECT_EQ(settings.CurrentPattern(), 3);
     EXPECT_EQ(settings.Slot(1).Name, L"Post");
-    EXPECT_TRUE(settings.AnythingChanged());
+    EXPECT_EQ(settings.Working().UserName, L"Travel");
 }
 
-TEST_F(Saving, KeepsItsPattern_WhoseNumberIsBeyondTheList) {
-    settings.SwitchPattern(5, false);
-    settings.SetButtonName(1, L"Fifth");
-    PatternList managed = settings.PatternsToManage();
-    managed.Load();
-    managed.Add(L"New");
-    EXPECT_FALSE(settings.ReloadPatternList(managed));
-    EXPECT_EQ(settings.CurrentPattern(), 5);
-    EXPECT_EQ(settings.Slot(1).Name, L"Fifth");
-}
-
-TEST_F(Saving, KeepsUnsavedEdits_WhenANewPatternTookItsNumberBeyondTheList) {
-    PutPattern(3, "Old", "Old button");
-    settings.SwitchPattern(3, false);
-    settings.SetButtonName(1, L"Third");
-    PatternList managed = settings.PatternsToManage();
-    managed.Load();
-    managed.Add(L"New");
-    EXPECT_FALSE(settings.ReloadPatternList(managed));
-    EXPECT_EQ(settings.Slot(1).Name, L"Third");
+TEST_F(BeyondTheList, ANewPatternTakesItsPlaceAndIsShown) {
+    UseManager([](PatternList& list) { list.Add(L"New"); });
+    EXPECT_EQ(settings.CurrentPattern(), 3);
     EXPECT_EQ(settings.Working().UserName, L"New");
+    EXPECT_EQ(settings.Slot(1).Name, L"Default");
+    EXPECT_FALSE(settings.AnythingChanged());
+}
+
+TEST_F(BeyondTheList, ThePatternStaysWithItsEdits_WhenANewOneTakesAnotherPlace) {
+    PutUser(L"", L"NumSetting", 1);
+    UseManager([](PatternList& list) { list.Add(L"New"); });
+    EXPECT_EQ(settings.CurrentPattern(), 3);
+    EXPECT_EQ(settings.Slot(1).Name, L"Post");
 }
 
 TEST_F(Saving, StoresTheNewNameOfARenamedPattern) {
     PutUser(L"Setting\\Set1", L"SetName", "Renamed");
     OpenAndCloseManager();
-    settings.Save();
+    settings.Apply();
     EXPECT_EQ(UserString(L"Setting\\Set1", L"SetName"), "Renamed");
 }
 
@@ -266,10 +387,9 @@ TEST_F(Saving, NamesTheCurrentPatternByTheDefault_WhenItsNameIsGone) {
 }
 
 TEST_F(Saving, SavesUnderTheNewNumber_OnceSwitched) {
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AskNothing);
     settings.SetButtonName(1, L"Letter");
-    settings.WritePatternNumbers();
-    settings.Save();
+    settings.Apply();
     EXPECT_EQ(UserString(kSecondPatternsFirstButton, L"DispTitle"), "Letter");
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Mail");
     EXPECT_EQ(UserDword(L"", L"CurrSetting"), 2);
@@ -277,7 +397,9 @@ TEST_F(Saving, SavesUnderTheNewNumber_OnceSwitched) {
 }
 
 TEST_F(Saving, ShowsTheDefaults_WhenItSwitchesToAPatternThatWasNeverSaved) {
-    settings.SwitchPattern(9, false);
+    PutUser(L"", L"NumSetting", 9);
+    settings.Load();
+    settings.SwitchPattern(9, AskNothing);
     EXPECT_EQ(settings.Slot(1).Name, L"Default");
     EXPECT_EQ(settings.Working().UserName, L"Standard");
 }
@@ -285,15 +407,14 @@ TEST_F(Saving, ShowsTheDefaults_WhenItSwitchesToAPatternThatWasNeverSaved) {
 TEST_F(Saving, SavesWithoutALauncher) {
     windows.Close(launcher);
     settings.SetButtonName(1, L"Post");
-    settings.Save();
+    settings.Apply();
     EXPECT_EQ(UserString(kFirstButton, L"DispTitle"), "Post");
     EXPECT_THAT(windows.Events(), IsEmpty());
 }
 
 TEST_F(Saving, NeverWritesToTheMachine) {
-    settings.WritePatternNumbers();
-    settings.Save();
-    settings.SwitchPattern(2, true);
+    settings.Apply();
+    settings.SwitchPattern(2, AskNothing);
     EXPECT_THAT(Written(), Each(Not(StartsWith("HKLM"))));
 }
 
@@ -318,13 +439,13 @@ TEST_F(LoadedFromTheFile, TakesTheUsersSettingsFromThere) {
 }
 
 TEST_F(LoadedFromTheFile, WritesThereAndNowhereElse) {
-    settings.WritePatternNumbers();
-    settings.Save();
-    settings.SwitchPattern(1, true);
+    settings.Apply();
+    settings.SetButtonName(1, L"File letter");
+    settings.SwitchPattern(1, AnswerYes);
     EXPECT_THAT(registry.Writes(), IsEmpty());
     EXPECT_EQ(Line(L"KORVOQLB", L"CurrUser"), "1");
     EXPECT_EQ(Line(L"KORVOQLB", L"NumUser"), "2");
-    EXPECT_EQ(Line(L"USER2", L"Btn1_Name"), "File report");
+    EXPECT_EQ(Line(L"USER2", L"Btn1_Name"), "File letter");
     EXPECT_EQ(Line(L"ONSCREEN", L"FontName"), "MS Shell Dlg 2");
 }
 

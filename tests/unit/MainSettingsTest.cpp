@@ -141,6 +141,20 @@ TEST_F(Loaded, StoresAButtonNameAsItIs) {
     EXPECT_EQ(settings.Slot(8).Name, longName);
 }
 
+TEST_F(Loaded, LeavesABoxEmptyWhoseNameIsStoredAsABlank_AndNoOther) {
+    settings.SetButtonName(1, L"");
+    settings.Apply();
+    ASSERT_EQ(settings.Slot(1).Name, L" ");
+    EXPECT_TRUE(settings.IsNameShown(1, L""));
+    EXPECT_TRUE(settings.IsNameShown(1, L" "));
+    EXPECT_FALSE(settings.IsNameShown(1, L"  "));
+    settings.SetButtonName(2, L"a\x65E5");
+    settings.Apply();
+    EXPECT_FALSE(settings.IsNameShown(2, L"a\x65E5"));
+    EXPECT_FALSE(settings.IsNameShown(2, L""));
+    EXPECT_TRUE(settings.IsNameShown(2, L"a?"));
+}
+
 TEST_F(Loaded, CountsNoChange_WhenANameIsChangedBack) {
     settings.SetButtonName(1, L"Other");
     EXPECT_TRUE(settings.AnythingChanged());
@@ -166,9 +180,9 @@ TEST_F(Loaded, TakesAWholeButtonAsItWasEdited) {
     slot.Exec = L"P";
     slot.NumAP = 2;
     for (int number = 1; number <= kMaxPrograms; ++number) {
-        slot.AP(number) = L"command" + std::to_wstring(number);
-        slot.Param(number) = L"parameter" + std::to_wstring(number);
-        slot.Title(number) = L"title" + std::to_wstring(number);
+        slot.Program(number).AP = L"command" + std::to_wstring(number);
+        slot.Program(number).Param = L"parameter" + std::to_wstring(number);
+        slot.Program(number).Title = L"title" + std::to_wstring(number);
     }
     for (const int button : {1, 7}) {
         Pattern expected = settings.Working();
@@ -182,7 +196,7 @@ TEST_F(Loaded, TakesAWholeButtonAsItWasEdited) {
 
 TEST_F(Loaded, SavesNothingAndTellsNobody_WhenAButtonWasEdited) {
     ButtonSlot slot = settings.Slot(1);
-    slot.AP(1) = L"C:\\Apps\\Mail.exe";
+    slot.Program(1).AP = L"C:\\Apps\\Mail.exe";
     settings.SetSlot(1, slot);
     EXPECT_THAT(Written(), IsEmpty());
     EXPECT_THAT(windows.Events(), IsEmpty());
@@ -193,7 +207,7 @@ TEST_F(Loaded, CountsNoChange_WhenAButtonComesBackAsItWas) {
     settings.SetSlot(1, before);
     EXPECT_FALSE(settings.AnythingChanged());
     ButtonSlot slot = before;
-    slot.Param(1) = L"/p";
+    slot.Program(1).Param = L"/p";
     settings.SetSlot(1, slot);
     EXPECT_TRUE(settings.AnythingChanged());
     settings.SetSlot(1, before);
@@ -233,7 +247,7 @@ TEST_F(Loading, ShowsAnUnknownMethodAsNoAppOnce_WithoutCountingAChange) {
     EXPECT_EQ(settings.PictureOf(1), kPictureNoApp);
     EXPECT_EQ(settings.Slot(1).Exec, L"M");
     EXPECT_FALSE(settings.AnythingChanged());
-    settings.Save();
+    settings.Apply();
     settings.Load();
     EXPECT_EQ(settings.PictureOf(1), kPictureSingle);
 }

@@ -2,7 +2,6 @@
 
 #include "app/StringTable.h"
 #include "fakes/FakeStrings.h"
-#include "settings/GlobalValue.h"
 #include "settings/StdModule.h"
 
 #include <gmock/gmock.h>
@@ -33,7 +32,7 @@ std::vector<PageTexts> Pages() {
     std::vector<int> sources;
     std::vector<int> buttons;
     for (int i = 0; i < 5; ++i) {
-        sources.push_back(kTextWizardSource1 + i);
+        sources.push_back(kTextFromStartMenu + i);
         buttons.push_back(kTextWizardButton1 + i);
         buttons.push_back(kTextWizardFnKey1 + i);
     }
@@ -66,10 +65,10 @@ wchar_t KeyOf(const std::wstring& text) {
 
 /// "X: text, text" for each key that stands for two texts.
 std::vector<std::wstring> Clashes(const std::vector<std::wstring>& texts) {
-    std::map<wchar_t, std::vector<std::wstring>> byKey;
+    std::map<std::wstring, std::vector<std::wstring>, LessIgnoreCase> byKey;
     for (const std::wstring& text : texts) {
         if (const wchar_t key = KeyOf(text); key != L'\0') {
-            byKey[FoldCase(std::wstring(1, key)).front()].push_back(text);
+            byKey[std::wstring(1, key)].push_back(text);
         }
     }
     std::vector<std::wstring> clashes;

@@ -37,6 +37,15 @@ TEST(PatternName, DiffersByATrailingBlank) {
     EXPECT_EQ(CheckPatternName(L"Home ", {L"Home"}, kWesternText), NameProblem::None);
 }
 
+TEST(PatternName, CannotBeStoredAsOneThatIsUsed) {
+    const std::wstring japanese = L"\x65E5";
+    const std::wstring chinese = L"\x4F60";
+    EXPECT_EQ(CheckPatternName(japanese, {L"?"}, kWesternText), NameProblem::Used);
+    EXPECT_EQ(CheckPatternName(japanese, {chinese}, kWesternText), NameProblem::Used);
+    EXPECT_EQ(CheckPatternName(chinese, {L"Home", L"?"}, kJapaneseText), NameProblem::Used);
+    EXPECT_EQ(CheckPatternName(japanese, {L"?", chinese}, kJapaneseText), NameProblem::None);
+}
+
 TEST(PatternName, HasUpTo20HalfWidthCharacters) {
     for (const FakeAnsiText* text : {&kWesternText, &kJapaneseText}) {
         EXPECT_EQ(CheckPatternName(std::wstring(20, L'x'), {}, *text), NameProblem::None);

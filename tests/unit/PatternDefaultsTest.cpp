@@ -33,10 +33,10 @@ TEST_F(DefaultPattern, ComesFromTheMakersSet_WithTheRegistryBackEnd) {
     EXPECT_EQ(slot.Exec, L"P");
     EXPECT_EQ(slot.NumAP, 2);
     EXPECT_EQ(slot.Name, L"Mail");
-    EXPECT_EQ(slot.AP(1), L"a.exe");
-    EXPECT_EQ(slot.Param(1), L"/x|/y");
-    EXPECT_EQ(slot.AP(5), L"e.exe");
-    EXPECT_EQ(slot.Param(5), L"");
+    EXPECT_EQ(slot.Program(1).AP, L"a.exe");
+    EXPECT_EQ(slot.Program(1).Param, L"/x|/y");
+    EXPECT_EQ(slot.Program(5).AP, L"e.exe");
+    EXPECT_EQ(slot.Program(5).Param, L"");
 }
 
 TEST_F(DefaultPattern, ComesFromTheIniStyleNames_WithTheIniBackEnd) {
@@ -55,9 +55,9 @@ TEST_F(DefaultPattern, ComesFromTheIniStyleNames_WithTheIniBackEnd) {
     EXPECT_EQ(slot.Exec, L"P");
     EXPECT_EQ(slot.NumAP, 2);
     EXPECT_EQ(slot.Name, L"Mail");
-    EXPECT_EQ(slot.AP(1), L"a.exe");
-    EXPECT_EQ(slot.Param(1), L"/x|/y");
-    EXPECT_EQ(slot.AP(5), L"e.exe");
+    EXPECT_EQ(slot.Program(1).AP, L"a.exe");
+    EXPECT_EQ(slot.Program(1).Param, L"/x|/y");
+    EXPECT_EQ(slot.Program(5).AP, L"e.exe");
     EXPECT_THAT(files.Operations(), IsEmpty());
 }
 
@@ -78,9 +78,9 @@ TEST_F(DefaultPattern, IsEmpty_WithoutTheMakersValues) {
 TEST_F(DefaultPattern, HasNoTitles) {
     PutMachine(L"Default\\Setting\\Set1\\AppKey1", L"ProgName1", "Title");
     PutMachine(L"Default\\USER1", L"Btn1_Title1", "Title");
-    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(1).Title(1), L"");
+    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(1).Program(1).Title, L"");
     store.IniFileExist = true;
-    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(1).Title(1), L"");
+    EXPECT_EQ(patterns.LoadDefaultPattern().Btn(1).Program(1).Title, L"");
 }
 
 TEST_F(DefaultPattern, CountsNoPrograms_WhenTheCountIsOutOfRange) {

@@ -4,6 +4,7 @@
 #include "settings/PatternStore.h"
 
 #include <algorithm>
+#include <limits>
 #include <random>
 
 namespace {
@@ -31,7 +32,7 @@ public:
     }
 
     void Fill(const std::vector<std::wstring>& names, int current, int buttons = kButtons) {
-        for (int leftover = 1; leftover <= kMaxPatterns; ++leftover) {
+        for (int leftover = 1; leftover <= kMaxPatterns + 2; ++leftover) {
             store.IniDeleteSection(PatternSection(leftover), kOwnFile);
         }
         int number = 0;
@@ -42,8 +43,8 @@ public:
                 pattern.Btn(button).Name = name + std::to_wstring(button);
                 pattern.Btn(button).Exec = L"S";
                 pattern.Btn(button).NumAP = 1;
-                pattern.Btn(button).AP(1) = name + L".exe";
-                pattern.Btn(button).Title(1) = name + L" title";
+                pattern.Btn(button).Program(1).AP = name + L".exe";
+                pattern.Btn(button).Program(1).Title = name + L" title";
             }
             PatternStore(store, buttons).SavePattern(++number, pattern);
         }
@@ -110,7 +111,7 @@ TEST_P(Manager, TakesTheFirstPatternAsCurrent_WhenTheNumberIsBeyondTheCount) {
 }
 
 TEST_P(Manager, HasOnePattern_WhenTheCountIsNoCount) {
-    for (const int count : {0, 11, -1}) {
+    for (const int count : {0, -1, std::numeric_limits<int>::min()}) {
         PutNumber(L"NumUser", count);
         list.Load();
         EXPECT_THAT(list.Names(), ElementsAre(L"One")) << count;
@@ -118,12 +119,67 @@ TEST_P(Manager, HasOnePattern_WhenTheCountIsNoCount) {
 }
 
 TEST_P(Manager, HasOnePattern_WhenTheCountIsText) {
-    for (const char* text : {"abc", "three", "3 of 4", ""}) {
+    for (const char* text : {"three", "3 of 4", ""}) {
         PutUser(L"", L"NumSetting", text);
         PutLine(L"KORVOQLB", L"NumUser", text);
         list.Load();
         EXPECT_THAT(list.Names(), ElementsAre(L"One")) << text;
     }
+}
+
+std::vector<std::wstring> Numbered(int count) {
+    std::vector<std::wstring> names;
+    for (int number = 1; number <= count; ++number) {
+        names.push_back(L"Number " + std::to_wstring(number));
+    }
+    return names;
+}
+
+TEST_P(Manager, ListsMoreThanTen_AndTakesNoFurtherOne) {
+    Fill(Numbered(12), 2);
+    EXPECT_EQ(list.Names(), Numbered(12));
+    EXPECT_FALSE(list.CanAdd());
+    list.Add(L"New");
+    list.Copy(0, L"New");
+    EXPECT_THAT(Written(), IsEmpty());
+}
+
+TEST_P(Manager, DeletesWhatIsBeyondTen_UntilThereIsRoomAgain) {
+    Fill(Numbered(12), 5);
+    std::vector<std::wstring> expected = Numbered(12);
+    for (const int index : {11, 0, 6}) {
+        EXPECT_FALSE(list.CanAdd());
+        list.Delete(index);
+        expected.erase(expected.begin() + index);
+        EXPECT_EQ(list.Names(), expected);
+        EXPECT_EQ(Number(L"NumUser"), std::to_wstring(expected.size()));
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_EQ(Stored(static_cast<int>(i) + 1).Btn(1).Name, expected[i] + L"1");
+        }
+        EXPECT_FALSE(HasSection(static_cast<int>(expected.size()) + 1));
+    }
+    EXPECT_EQ(Number(L"CurrUser"), L"4");
+    EXPECT_TRUE(list.CanAdd());
+}
+
+TEST_P(Manager, RenamesAPatternBeyondTen) {
+    Fill(Numbered(12), 2);
+    list.Rename(11, L"Zwölf");
+    EXPECT_EQ(Stored(12).UserName, L"Zwölf");
+    EXPECT_EQ(Stored(11).UserName, L"Number 11");
+}
+
+TEST_P(Manager, ListsTenAndWhatIsThereBeyond_WhenTheCountIsAbsurd) {
+    for (const int stored : {4, 10, 11}) {
+        Fill(Numbered(stored), 2);
+        PutNumber(L"NumUser", 2'000'000'000);
+        list.Load();
+        EXPECT_EQ(list.Count(), std::max(stored, kMaxPatterns));
+        EXPECT_FALSE(list.CanAdd());
+    }
+    PutLine(L"KORVOQLB", L"NumUser", "99999999999999999999");
+    list.Load();
+    EXPECT_EQ(list.Count(), 11);
 }
 
 TEST_P(Manager, AddsTheDefaultPatternAtTheEnd) {
@@ -146,7 +202,7 @@ TEST_P(Manager, CopiesTheWholePatternUnderItsNewName) {
     Pattern expected = Stored(3);
     expected.UserName = L"Copy Three";
     EXPECT_EQ(Stored(5), expected);
-    EXPECT_EQ(expected.Btn(kButtons).Title(1), L"Three title");
+    EXPECT_EQ(expected.Btn(kButtons).Program(1).Title, L"Three title");
     EXPECT_EQ(Number(L"NumUser"), L"5");
 }
 
@@ -246,8 +302,8 @@ TEST_P(Manager, ADeletedPatternsValuesDoNotComeBack_WhenOneIsAddedLater) {
     EXPECT_EQ(Entry(4, L"Btn8_Name"), L"");
     EXPECT_EQ(GetParam() ? Line(L"USER4", L"Unknown") : UserString(L"Setting\\Set4", L"Unknown"),
               std::nullopt);
-    EXPECT_EQ(Stored(4).Btn(1).Title(1), L"");
-    EXPECT_EQ(Stored(4).Btn(1).AP(1), L"");
+    EXPECT_EQ(Stored(4).Btn(1).Program(1).Title, L"");
+    EXPECT_EQ(Stored(4).Btn(1).Program(1).AP, L"");
 }
 
 TEST_P(Manager, DeletingKeepsTheStorageSlots_OfMovedButtons) {

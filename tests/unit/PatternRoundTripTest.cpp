@@ -39,9 +39,9 @@ public:
             slot.Exec = methods[button % 4];
             slot.NumAP = static_cast<std::int16_t>(button % (kMaxPrograms + 1));
             for (int k = 1; k <= slot.NumAP; ++k) {
-                slot.AP(k) = L"C:\\" + word + L"\\" + number + L" " + std::to_wstring(k) + L".exe";
-                slot.Param(k) = k % 2 == 0 ? L"" : L"\"C:\\a b\" /" + word + L"|x";
-                slot.Title(k) = word + std::to_wstring(k);
+                slot.Program(k).AP = L"C:\\" + word + L"\\" + number + L" " + std::to_wstring(k) + L".exe";
+                slot.Program(k).Param = k % 2 == 0 ? L"" : L"\"C:\\a b\" /" + word + L"|x";
+                slot.Program(k).Title = word + std::to_wstring(k);
             }
         }
         return pattern;
@@ -79,8 +79,8 @@ TEST_P(SavedPattern, DoesNotFallBackToTheDefaults_WhereItIsEmpty) {
     Pattern loaded = patterns.LoadPattern(2, defaults);
     for (int button = 1; button <= kButtons; ++button) {
         EXPECT_EQ(loaded.Btn(button).NumAP, 0);
-        EXPECT_EQ(loaded.Btn(button).AP(1), L"");
-        EXPECT_EQ(loaded.Btn(button).Param(1), L"");
+        EXPECT_EQ(loaded.Btn(button).Program(1).AP, L"");
+        EXPECT_EQ(loaded.Btn(button).Program(1).Param, L"");
     }
     ForgetOperations();
     patterns.SavePattern(2, loaded);
@@ -99,11 +99,11 @@ TEST_P(SavedPattern, LeavesOtherPatternsAlone) {
 TEST_P(SavedPattern, LosesOnlyWhatTheCodePageLacks) {
     Pattern saved;
     saved.UserName = L"a\x0E01z";
-    saved.Btn(1).AP(1) = L"C:\\\x0E01.exe";
+    saved.Btn(1).Program(1).AP = L"C:\\\x0E01.exe";
     patterns.SavePattern(1, saved);
     const Pattern loaded = patterns.LoadPattern(1, Pattern{});
     EXPECT_EQ(loaded.UserName, L"a?z");
-    EXPECT_EQ(loaded.Btn(1).AP(1), L"C:\\?.exe");
+    EXPECT_EQ(loaded.Btn(1).Program(1).AP, L"C:\\?.exe");
 }
 
 INSTANTIATE_TEST_SUITE_P(BackEnds, SavedPattern,

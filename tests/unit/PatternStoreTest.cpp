@@ -23,8 +23,8 @@ Pattern Defaults() {
         slot.Exec = L"S";
         slot.NumAP = 2;
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            slot.AP(k) = L"default" + std::to_wstring(k);
-            slot.Param(k) = L"/default" + std::to_wstring(k);
+            slot.Program(k).AP = L"default" + std::to_wstring(k);
+            slot.Program(k).Param = L"/default" + std::to_wstring(k);
         }
     }
     return defaults;
@@ -68,12 +68,12 @@ TEST_F(LoadingFromTheRegistry, ReadsEveryFieldOfThePattern) {
     EXPECT_EQ(slot.Name, L"Mail");
     EXPECT_EQ(slot.Exec, L"P");
     EXPECT_EQ(slot.NumAP, 5);
-    EXPECT_EQ(slot.AP(1), L"a.exe");
-    EXPECT_EQ(slot.Param(1), L"/x|/y");
-    EXPECT_EQ(slot.AP(5), L"e.exe");
-    EXPECT_EQ(slot.Param(5), L"");
-    EXPECT_EQ(slot.Title(1), L"Program A");
-    EXPECT_EQ(slot.Title(5), L"Program E");
+    EXPECT_EQ(slot.Program(1).AP, L"a.exe");
+    EXPECT_EQ(slot.Program(1).Param, L"/x|/y");
+    EXPECT_EQ(slot.Program(5).AP, L"e.exe");
+    EXPECT_EQ(slot.Program(5).Param, L"");
+    EXPECT_EQ(slot.Program(1).Title, L"Program A");
+    EXPECT_EQ(slot.Program(5).Title, L"Program E");
 }
 
 TEST_F(LoadingFromTheFile, ReadsEveryFieldOfThePattern) {
@@ -90,9 +90,9 @@ TEST_F(LoadingFromTheFile, ReadsEveryFieldOfThePattern) {
     EXPECT_EQ(pattern.Btn(2).Name, L"Mail");
     EXPECT_EQ(pattern.Btn(2).Exec, L"P");
     EXPECT_EQ(pattern.Btn(2).NumAP, 5);
-    EXPECT_EQ(pattern.Btn(2).AP(1), L"a.exe");
-    EXPECT_EQ(pattern.Btn(2).Param(1), L"/x");
-    EXPECT_EQ(pattern.Btn(2).Title(1), L"Program A");
+    EXPECT_EQ(pattern.Btn(2).Program(1).AP, L"a.exe");
+    EXPECT_EQ(pattern.Btn(2).Program(1).Param, L"/x");
+    EXPECT_EQ(pattern.Btn(2).Program(1).Title, L"Program A");
     EXPECT_THAT(Asked(), Not(Contains(StartsWith("HKCU"))));
 }
 
@@ -109,8 +109,8 @@ TEST_F(LoadingFromTheFile, TakesWhatIsMissingFromTheDefaultPattern) {
 }
 
 TEST_F(LoadingFromTheRegistry, TakesMissingTitlesFromTheDefaultPattern) {
-    defaults.Btn(1).Title(2) = L"Default title";
-    EXPECT_EQ(patterns.LoadPattern(1, defaults).Btn(1).Title(2), L"Default title");
+    defaults.Btn(1).Program(2).Title = L"Default title";
+    EXPECT_EQ(patterns.LoadPattern(1, defaults).Btn(1).Program(2).Title, L"Default title");
 }
 
 TEST_F(LoadingFromTheRegistry, RemovesBlanksAroundTheLaunchMethodAlone) {
@@ -120,8 +120,8 @@ TEST_F(LoadingFromTheRegistry, RemovesBlanksAroundTheLaunchMethodAlone) {
     const ButtonSlot slot = patterns.LoadPattern(1, defaults).Btn(1);
     EXPECT_EQ(slot.Exec, L"P");
     EXPECT_EQ(slot.Name, L" Mail ");
-    EXPECT_EQ(slot.AP(1), L" a.exe ");
-    EXPECT_EQ(slot.Param(1), L" /x ");
+    EXPECT_EQ(slot.Program(1).AP, L" a.exe ");
+    EXPECT_EQ(slot.Program(1).Param, L" /x ");
 }
 
 TEST_F(LoadingFromTheRegistry, RemovesBlanksAroundTheDefaultLaunchMethod) {
@@ -159,33 +159,33 @@ TEST_F(LoadingFromTheRegistry, CountsNoPrograms_WhenTheStoredCountIsOutOfRange) 
 TEST_F(LoadingFromTheRegistry, GivesAnEmptyCommand_WhenItIsPresentButEmpty) {
     PutUser(L"Setting\\Set1\\AppKey1", L"AP1", "");
     const ButtonSlot slot = patterns.LoadPattern(1, defaults).Btn(1);
-    EXPECT_EQ(slot.AP(1), L"");
-    EXPECT_EQ(slot.Param(1), L"");
-    EXPECT_EQ(slot.AP(2), L"default2");
+    EXPECT_EQ(slot.Program(1).AP, L"");
+    EXPECT_EQ(slot.Program(1).Param, L"");
+    EXPECT_EQ(slot.Program(2).AP, L"default2");
 }
 
 TEST_F(LoadingFromTheFile, GivesAnEmptyCommand_WhenItIsASingleBlank) {
     PutLine(L"USER1", L"Btn1_AP1", " ");
     const ButtonSlot slot = patterns.LoadPattern(1, defaults).Btn(1);
-    EXPECT_EQ(slot.AP(1), L"");
-    EXPECT_EQ(slot.Param(1), L"");
+    EXPECT_EQ(slot.Program(1).AP, L"");
+    EXPECT_EQ(slot.Program(1).Param, L"");
 }
 
 TEST_F(LoadingFromTheRegistry, TakesCommandAndParametersTogetherFromTheDefault) {
     PutUser(L"Setting\\Set1\\AppKey1", L"AP1", "own.exe");
     const ButtonSlot slot = patterns.LoadPattern(1, defaults).Btn(1);
-    EXPECT_EQ(slot.AP(1), L"own.exe");
-    EXPECT_EQ(slot.Param(1), L"");
-    EXPECT_EQ(slot.AP(2), L"default2");
-    EXPECT_EQ(slot.Param(2), L"/default2");
+    EXPECT_EQ(slot.Program(1).AP, L"own.exe");
+    EXPECT_EQ(slot.Program(1).Param, L"");
+    EXPECT_EQ(slot.Program(2).AP, L"default2");
+    EXPECT_EQ(slot.Program(2).Param, L"/default2");
 }
 
 TEST_F(LoadingFromTheRegistry, TakesTheTextForMissingExactlyAsWritten) {
     PutUser(L"Setting\\Set1\\AppKey1", L"AP1", "FALSE");
     PutUser(L"Setting\\Set1\\AppKey1", L"AP2", "false");
     const ButtonSlot slot = patterns.LoadPattern(1, defaults).Btn(1);
-    EXPECT_EQ(slot.AP(1), L"default1");
-    EXPECT_EQ(slot.AP(2), L"false");
+    EXPECT_EQ(slot.Program(1).AP, L"default1");
+    EXPECT_EQ(slot.Program(2).AP, L"false");
 }
 
 TEST_F(LoadingFromTheRegistry, LeavesButtonsBeyondTheCountEmpty) {
@@ -198,58 +198,6 @@ TEST_F(LoadingFromTheRegistry, GivesTheNameOfAnyPatternOrTheDefaultOnes) {
     PutUser(L"Setting\\Set10", L"SetName", "Tenth");
     EXPECT_EQ(patterns.LoadPatternName(10, defaults), L"Tenth");
     EXPECT_EQ(patterns.LoadPatternName(2, defaults), L"Standard");
-}
-
-TEST_F(SavingToTheRegistry, WritesEveryFieldInItsOrder) {
-    pattern.UserName = L"Home";
-    ButtonSlot& slot = pattern.Btn(1);
-    slot.Name = L"Mail";
-    slot.Exec = L"S";
-    slot.NumAP = 2;
-    slot.AP(1) = L"a.exe";
-    slot.Param(1) = L"/x";
-    slot.AP(2) = L"b.exe";
-    slot.Title(2) = L"Program B";
-    PatternStore(store, 1).SavePattern(4, pattern);
-    const std::string button = "Setting\\Set4\\AppKey1 ";
-    const std::vector<std::string> expected = {"Setting\\Set4 SetName = \"Home\"",
-                                               button + "Execute = \"S\"",
-                                               button + "NumAP = 2",
-                                               button + "DispTitle = \"Mail\"",
-                                               button + "AP1 = \"a.exe|/x\"",
-                                               button + "AP2 = \"b.exe\"",
-                                               button + "AP3 = \"\"",
-                                               button + "AP4 = \"\"",
-                                               button + "AP5 = \"\"",
-                                               button + "ProgName1 = \"\"",
-                                               button + "ProgName2 = \"Program B\"",
-                                               button + "ProgName3 = \"\"",
-                                               button + "ProgName4 = \"\"",
-                                               button + "ProgName5 = \"\""};
-    EXPECT_EQ(Written(), expected);
-}
-
-TEST_F(SavingToTheFile, WritesEveryFieldInItsOrder) {
-    pattern.UserName = L"Home";
-    ButtonSlot& slot = pattern.Btn(1);
-    slot.Name = L"Mail";
-    slot.Exec = L"S";
-    slot.NumAP = 1;
-    slot.AP(1) = L"a.exe";
-    slot.Param(1) = L"/x";
-    slot.Title(1) = L"Program A";
-    PatternStore(store, 1).SavePattern(4, pattern);
-    const std::string button = "[USER4] Btn1_";
-    const std::vector<std::string> expected = {
-        "[USER4] UserName = \"Home\"", button + "Exec = \"S\"",
-        button + "NumAP = \"1\"",      button + "Name = \"Mail\"",
-        button + "AP1 = \"a.exe|/x\"", button + "AP2 = \" \"",
-        button + "AP3 = \" \"",        button + "AP4 = \" \"",
-        button + "AP5 = \" \"",        button + "Title1 = \"Program A\"",
-        button + "Title2 = \"\"",      button + "Title3 = \"\"",
-        button + "Title4 = \"\"",      button + "Title5 = \"\""};
-    EXPECT_EQ(Written(), expected);
-    EXPECT_THAT(registry.Writes(), IsEmpty());
 }
 
 TEST_F(SavingToTheRegistry, WritesTheButtonsInTheirOrderUpToTheCount) {
@@ -296,28 +244,28 @@ TEST_F(SavingToTheRegistry, WritesAnEmptyCommandAsAnEmptyString) {
 }
 
 TEST_F(SavingToTheRegistry, DoesNotAppendParametersAgain_WhenTheCommandHasABar) {
-    pattern.Btn(1).AP(1) = L"iexplore.exe|http://example/";
-    pattern.Btn(1).Param(1) = L"/x";
+    pattern.Btn(1).Program(1).AP = L"iexplore.exe|http://example/";
+    pattern.Btn(1).Program(1).Param = L"/x";
     patterns.SavePattern(1, pattern);
     EXPECT_EQ(UserString(L"Setting\\Set1\\AppKey1", L"AP1"), "iexplore.exe|http://example/");
 }
 
 TEST_F(SavingToTheRegistry, DropsParametersThatAreOnlyBlanks) {
-    pattern.Btn(1).AP(1) = L"a.exe";
-    pattern.Btn(1).Param(1) = L"   ";
+    pattern.Btn(1).Program(1).AP = L"a.exe";
+    pattern.Btn(1).Program(1).Param = L"   ";
     patterns.SavePattern(1, pattern);
     EXPECT_EQ(UserString(L"Setting\\Set1\\AppKey1", L"AP1"), "a.exe");
 }
 
 TEST_F(SavingToTheRegistry, KeepsBlanksAroundOtherParameters) {
-    pattern.Btn(1).AP(1) = L"a.exe";
-    pattern.Btn(1).Param(1) = L" /x ";
+    pattern.Btn(1).Program(1).AP = L"a.exe";
+    pattern.Btn(1).Program(1).Param = L" /x ";
     patterns.SavePattern(1, pattern);
     EXPECT_EQ(UserString(L"Setting\\Set1\\AppKey1", L"AP1"), "a.exe| /x ");
 }
 
 TEST_F(SavingToTheRegistry, KeepsParametersOfAnEmptyCommand) {
-    pattern.Btn(1).Param(1) = L"/x";
+    pattern.Btn(1).Program(1).Param = L"/x";
     patterns.SavePattern(1, pattern);
     EXPECT_EQ(UserString(L"Setting\\Set1\\AppKey1", L"AP1"), "|/x");
 }
@@ -337,7 +285,7 @@ TEST_F(MovedStorage, LoadsAButtonFromTheOtherButtonsEntries) {
     PutUser(L"Setting\\Set1\\AppKey4", L"AP1", "fourth.exe");
     const Pattern pattern = Now().LoadPattern(1, defaults);
     EXPECT_EQ(pattern.Btn(2).Name, L"Fourth");
-    EXPECT_EQ(pattern.Btn(2).AP(1), L"fourth.exe");
+    EXPECT_EQ(pattern.Btn(2).Program(1).AP, L"fourth.exe");
     EXPECT_EQ(pattern.Btn(4).Name, L"Fourth");
 }
 

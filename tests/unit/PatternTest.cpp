@@ -17,9 +17,9 @@ Pattern SomePattern() {
         slot.Exec = L"S";
         slot.NumAP = 2;
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            slot.AP(k) = L"C:\\Program" + std::to_wstring(k) + L".exe";
-            slot.Param(k) = L"/x" + std::to_wstring(k);
-            slot.Title(k) = L"Title " + std::to_wstring(k);
+            slot.Program(k).AP = L"C:\\Program" + std::to_wstring(k) + L".exe";
+            slot.Program(k).Param = L"/x" + std::to_wstring(k);
+            slot.Program(k).Title = L"Title " + std::to_wstring(k);
         }
     }
     return pattern;
@@ -69,10 +69,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Change{"BlankBehindAName", [](Pattern& p) { p.Btn(1).Name += L" "; }},
                     Change{"LaunchMethod", [](Pattern& p) { p.Btn(1).Exec = L"P"; }},
                     Change{"ProgramCount", [](Pattern& p) { p.Btn(1).NumAP = 3; }},
-                    Change{"FirstCommand", [](Pattern& p) { p.Btn(1).AP(1) = L"x"; }},
-                    Change{"LastCommand", [](Pattern& p) { p.Btn(1).AP(5).clear(); }},
-                    Change{"FirstParameters", [](Pattern& p) { p.Btn(1).Param(1) = L"x"; }},
-                    Change{"LastParameters", [](Pattern& p) { p.Btn(1).Param(5) = L"x"; }},
+                    Change{"FirstCommand", [](Pattern& p) { p.Btn(1).Program(1).AP = L"x"; }},
+                    Change{"LastCommand", [](Pattern& p) { p.Btn(1).Program(5).AP.clear(); }},
+                    Change{"FirstParameters", [](Pattern& p) { p.Btn(1).Program(1).Param = L"x"; }},
+                    Change{"LastParameters", [](Pattern& p) { p.Btn(1).Program(5).Param = L"x"; }},
                     Change{"LastButton", [](Pattern& p) { p.Btn(kButtons).Name = L"Other"; }}),
     TestName);
 
@@ -89,10 +89,11 @@ TEST_P(ChangeThatDoesNotCount, LeavesPatternsEqual) {
 INSTANTIATE_TEST_SUITE_P(
     Fields, ChangeThatDoesNotCount,
     testing::Values(Change{"PatternName", [](Pattern& p) { p.UserName = L"Other"; }},
-                    Change{"Title", [](Pattern& p) { p.Btn(1).Title(1) = L"Other"; }},
+                    Change{"Title", [](Pattern& p) { p.Btn(1).Program(1).Title = L"Other"; }},
                     Change{"CaseOfALaunchMethod", [](Pattern& p) { p.Btn(1).Exec = L"s"; }},
-                    Change{"CaseOfACommand", [](Pattern& p) { p.Btn(1).AP(1) = L"c:\\PROGRAM1.EXE"; }},
-                    Change{"CaseOfParameters", [](Pattern& p) { p.Btn(1).Param(1) = L"/X1"; }},
+                    Change{"CaseOfACommand",
+                           [](Pattern& p) { p.Btn(1).Program(1).AP = L"c:\\PROGRAM1.EXE"; }},
+                    Change{"CaseOfParameters", [](Pattern& p) { p.Btn(1).Program(1).Param = L"/X1"; }},
                     Change{"ButtonThatIsNotShown", [](Pattern& p) { p.Btn(kButtons + 1).Name = L"Other"; }}),
     TestName);
 

@@ -187,9 +187,9 @@ TEST_F(PrintLinesInTheFile, AreAllThere_WhenTheFileCannotBeRead) {
 }
 
 TEST_F(PrintLines, OfValuesOfAnotherTypeAreSafe) {
-    registry.PutRaw(RegistryHive::CurrentUser, Path(Key(1)), L"NumAP", kRegistryString, "5");
-    registry.PutRaw(RegistryHive::CurrentUser, Path(Key(2)), L"NumAP", kRegistryDword, "\5");
-    registry.PutRaw(RegistryHive::CurrentUser, Path(L""), L"CurrSetting", kRegistryString, "9");
+    PutUser(Key(1), L"NumAP", "many");
+    registry.PutRaw(RegistryHive::CurrentUser, Path(Key(2)), L"NumAP", kRegistryDword, "");
+    PutUser(L"", L"CurrSetting", "first");
     PutUser(L"Setting\\Set1", L"SetName", "First");
     EXPECT_THAT(Read(), ElementsAreArray(Bare(L"First")));
 }

@@ -26,7 +26,7 @@ protected:
 
     bool Print(const PrintJob& job = {}) { return PrintOn(device, L"Button settings", job); }
     bool PrintOn(PrintDevice& printer, const std::wstring& name, const PrintJob& job = {}) {
-        return print.QlbPrintOut(PrintingOn(printer), name, job);
+        return print.QlbPrintOut(printer, name, job);
     }
 
     /// So that the printout is some pages long.
@@ -138,20 +138,6 @@ TEST_F(PrintOut, PrintsEachPageSeveralTimes_WhenCopiesAreNotCollated) {
     const Pages all = AllPages();
     EXPECT_TRUE(Print({2, 3, 2, false}));
     EXPECT_TRUE(device.Pages() == (Pages{all.at(1), all.at(1), all.at(2), all.at(2)}));
-}
-
-TEST_F(PrintOut, IsDrawnFromWhatWasStoredWhenItWasAskedFor) {
-    std::function<bool(PrintDevice&)> later;
-    EXPECT_FALSE(print.QlbPrintOut(
-        [&](const auto& draw) {
-            later = draw;
-            return false;
-        },
-        L"x"));
-    PutUser(L"Setting\\Set1", L"SetName", "Renamed meanwhile");
-    print.Clear();
-    EXPECT_TRUE(later(device));
-    EXPECT_NE(PrintedText().find(L"設定名　　　：Home"), std::wstring::npos);
 }
 
 TEST_F(PrintOut, IsThereOnce_WhenNoCopiesAreAskedFor) {

@@ -1,12 +1,13 @@
 #include "dialogs/register/ProgramSources.h"
 
 #include "TestStore.h"
+#include "app/StringTable.h"
 #include "fakes/FakeFileSystem.h"
 #include "fakes/FakeShell.h"
 #include "fakes/FakeStrings.h"
-#include "settings/GlobalValue.h"
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -28,6 +29,11 @@ public:
         PutMachine(subkey, L"KeyName", name);
         PutMachine(subkey, L"KeyBind", binding);
         PutMachine(subkey, L"KeyCode", code);
+    }
+    void PutStartMenu(const char* path) {
+        registry.PutString(RegistryHive::CurrentUser,
+                           LR"(Software\Microsoft\Windows\CurrentVersion\Explorer\Shell Folders)",
+                           L"Start Menu", path);
     }
     void OfferMediaCenter() { PutMachine(L"UTLSetting\\ProgramGroup", L"MCMenu", 1); }
     void OfferFavorites() { PutMachine(L"UTLSetting\\ProgramGroup", L"IEMenu", 1); }
@@ -59,6 +65,11 @@ public:
             titles.push_back(row.title);
         }
         return titles;
+    }
+
+    /// As a tab.
+    [[nodiscard]] bool Offers(ProgramSource source) const {
+        return sources.Offers(source, SourceOffer::Tabs);
     }
 
     FakeFileSystem disk;
@@ -184,38 +195,38 @@ TEST_F(Sources, AMediaCenterItemHasTitleDisplayNameAndCommandLine) {
     EXPECT_EQ(sources.MediaCenterTable()[0].title, L"Music");
     EXPECT_EQ(sources.MediaCenterTable()[0].displayName, L"My Music, all");
     EXPECT_EQ(sources.MediaCenterTable()[0].commandLine, L"C:\\mc.exe /m");
-    EXPECT_TRUE(sources.OffersMediaCenter());
+    EXPECT_TRUE(Offers(ProgramSource::MediaCenter));
 }
 
 TEST_F(Sources, MediaCenterIsOffered_OnlyWhenItsSwitchIs1) {
     PutFile(L"QLBMCMNU.DAT", "Music,My Music,music.exe\n");
     sources.LoadMediaCenter();
-    EXPECT_FALSE(sources.OffersMediaCenter());
+    EXPECT_FALSE(Offers(ProgramSource::MediaCenter));
     for (const std::int32_t value : {0, 2, -1}) {
         PutMachine(L"UTLSetting\\ProgramGroup", L"MCMenu", value);
         sources.LoadMediaCenter();
-        EXPECT_FALSE(sources.OffersMediaCenter()) << value;
+        EXPECT_FALSE(Offers(ProgramSource::MediaCenter)) << value;
     }
     EXPECT_THAT(disk.reads, IsEmpty());
     OfferMediaCenter();
     sources.LoadMediaCenter();
-    EXPECT_TRUE(sources.OffersMediaCenter());
+    EXPECT_TRUE(Offers(ProgramSource::MediaCenter));
 }
 
 TEST_F(Sources, MediaCenterIsNotOffered_WhenItsSwitchIsText) {
     PutFile(L"QLBMCMNU.DAT", "Music,My Music,music.exe\n");
     PutMachine(L"UTLSetting\\ProgramGroup", L"MCMenu", "1");
     sources.LoadMediaCenter();
-    EXPECT_FALSE(sources.OffersMediaCenter());
+    EXPECT_FALSE(Offers(ProgramSource::MediaCenter));
 }
 
 TEST_F(Sources, MediaCenterIsNotOffered_WithoutItsFile) {
     OfferMediaCenter();
     sources.LoadMediaCenter();
-    EXPECT_FALSE(sources.OffersMediaCenter());
+    EXPECT_FALSE(Offers(ProgramSource::MediaCenter));
     PutFile(L"QLBMCMNU.DAT", "\r\n");
     sources.LoadMediaCenter();
-    EXPECT_FALSE(sources.OffersMediaCenter()) << "without a record";
+    EXPECT_FALSE(Offers(ProgramSource::MediaCenter)) << "without a record";
 }
 
 TEST_F(Sources, AnEighthMediaCenterItemEndsTheReading_AndSevenStay) {
@@ -223,7 +234,7 @@ TEST_F(Sources, AnEighthMediaCenterItemEndsTheReading_AndSevenStay) {
     PutFile(L"QLBMCMNU.DAT", "1,a,x\n2,a,x\n3,a,x\n4,a,x\n5,a,x\n6,a,x\n7,a,x\n8,a,x\n9,a,x\n");
     sources.LoadMediaCenter();
     EXPECT_THAT(Titles(), ElementsAre(L"1", L"2", L"3", L"4", L"5", L"6", L"7"));
-    EXPECT_TRUE(sources.OffersMediaCenter());
+    EXPECT_TRUE(Offers(ProgramSource::MediaCenter));
 }
 
 TEST_F(Sources, SevenMediaCenterItemsFit) {
@@ -249,7 +260,7 @@ TEST_F(Sources, MediaCenterItemsReadBeforeAFailureStay) {
     disk.FailReadingAfter(L"C:\\Program Files\\QLBUtl\\QLBMCMNU.DAT", 12);
     sources.LoadMediaCenter();
     EXPECT_THAT(Titles(), ElementsAre(L"Music"));
-    EXPECT_TRUE(sources.OffersMediaCenter());
+    EXPECT_TRUE(Offers(ProgramSource::MediaCenter));
 }
 
 TEST_F(Sources, MediaCenterIsEmptiedAgain_WhenItIsNoLongerOffered) {
@@ -269,11 +280,11 @@ TEST_F(Sources, FavouritesAreNotOffered_WhenTheSwitchIsMissingOr0) {
     shell.specialFolders[kFolderFavorites] = L"C:\\Users\\hanako\\Favorites";
     disk.AddFile(L"C:\\Users\\hanako\\Favorites\\News.url");
     sources.LoadIeFavorites();
-    EXPECT_FALSE(sources.OffersIeFavorites());
+    EXPECT_FALSE(Offers(ProgramSource::IeFavorites));
     for (const std::int32_t value : {0, 2, -1}) {
         PutMachine(L"UTLSetting\\ProgramGroup", L"IEMenu", value);
         sources.LoadIeFavorites();
-        EXPECT_FALSE(sources.OffersIeFavorites()) << value;
+        EXPECT_FALSE(Offers(ProgramSource::IeFavorites)) << value;
         EXPECT_EQ(sources.FavoritesFolder(), L"") << value;
     }
 }
@@ -283,30 +294,89 @@ TEST_F(Sources, FavouritesAreTheUsersFolder_WithoutATrailingBackslash) {
     for (const wchar_t* folder : {L"C:\\Users\\hanako\\Favorites", L"C:\\Users\\hanako\\Favorites\\"}) {
         shell.specialFolders[kFolderFavorites] = folder;
         sources.LoadIeFavorites();
-        EXPECT_TRUE(sources.OffersIeFavorites());
+        EXPECT_TRUE(Offers(ProgramSource::IeFavorites));
         EXPECT_EQ(sources.FavoritesFolder(), L"C:\\Users\\hanako\\Favorites");
     }
     EXPECT_EQ(kFolderFavorites, 6);
 }
 
-TEST_F(Sources, FavouritesAreOfferedWithoutAFolder_WhenTheSystemNamesNone) {
+TEST_F(Sources, FavouritesWithoutAFolderAreATabAlone) {
     OfferFavorites();
-    shell.specialFolders[kFolderFavorites] = L"C:\\Favorites";
-    sources.LoadIeFavorites();
-    shell.specialFolders.clear();
-    sources.LoadIeFavorites();
-    EXPECT_TRUE(sources.OffersIeFavorites());
-    EXPECT_EQ(sources.FavoritesFolder(), L"");
+    for (const std::optional<std::wstring>& folder :
+         {std::optional<std::wstring>(), std::optional<std::wstring>(L""),
+          std::optional<std::wstring>(L"\\")}) {
+        shell.specialFolders[kFolderFavorites] = L"C:\\Favorites";
+        sources.LoadIeFavorites();
+        EXPECT_TRUE(sources.Offers(ProgramSource::IeFavorites, SourceOffer::SeveralPrograms));
+        shell.specialFolders.clear();
+        if (folder) {
+            shell.specialFolders[kFolderFavorites] = *folder;
+        }
+        sources.LoadIeFavorites();
+        EXPECT_EQ(sources.FavoritesFolder(), L"");
+        EXPECT_TRUE(Offers(ProgramSource::IeFavorites));
+        EXPECT_FALSE(sources.Offers(ProgramSource::IeFavorites, SourceOffer::SingleProgram));
+        EXPECT_FALSE(sources.Offers(ProgramSource::IeFavorites, SourceOffer::SeveralPrograms));
+    }
 }
 
 TEST_F(Sources, TheStartMenuIsTheOneThatTheRegistryNames) {
     sources.LoadStartMenu();
     EXPECT_EQ(sources.StartMenuFolder(), L"");
-    registry.PutString(RegistryHive::CurrentUser,
-                       LR"(Software\Microsoft\Windows\CurrentVersion\Explorer\Shell Folders)", L"Start Menu",
-                       "C:\\Users\\hanako\\Start Menu");
+    PutStartMenu("C:\\Users\\hanako\\Start Menu");
     sources.LoadStartMenu();
     EXPECT_EQ(sources.StartMenuFolder(), L"C:\\Users\\hanako\\Start Menu");
+}
+
+// Who offers what
+
+TEST_F(Sources, AreOfferedByTheirSwitchesFilesAndFolders_InEveryCombination) {
+    using enum ProgramSource;
+    for (unsigned combination = 0; combination < 64; ++combination) {
+        SCOPED_TRACE(combination);
+        const auto has = [&](unsigned bit) { return (combination >> bit & 1) != 0; };
+        const bool mcMenu = has(0);
+        const bool menuFile = has(1);
+        const bool ieMenu = has(2);
+        const bool favorites = has(3);
+        const bool keys = has(4);
+        const bool startMenu = has(5);
+        PutMachine(L"UTLSetting\\ProgramGroup", L"MCMenu", mcMenu ? 1 : 0);
+        PutMachine(L"UTLSetting\\ProgramGroup", L"IEMenu", ieMenu ? 1 : 0);
+        PutFile(L"QLBMCMNU.DAT", menuFile ? "Music,a,x\n" : "\n");
+        PutFile(L"QLBCODE.DAT", keys ? "Ctrl+C,46,Copy\n" : "\n");
+        shell.specialFolders[kFolderFavorites] = favorites ? L"C:\\Favorites" : L"";
+        PutStartMenu(startMenu ? "C:\\Menu" : "");
+        sources.LoadStartMenu();
+        sources.LoadMediaCenter();
+        sources.LoadIeFavorites();
+        sources.LoadShortcutKeys();
+
+        std::vector<ProgramSource> tabs{StartMenu};
+        std::vector<ProgramSource> single{StartMenu};
+        std::vector<ProgramSource> several{StartMenu};
+        if (mcMenu && menuFile) {
+            tabs.push_back(MediaCenter);
+            single.push_back(MediaCenter);
+        }
+        if (ieMenu) {
+            tabs.push_back(IeFavorites);
+        }
+        if (ieMenu && favorites) {
+            single.push_back(IeFavorites);
+            several.push_back(IeFavorites);
+        }
+        for (std::vector<ProgramSource>* each : {&tabs, &single, &several}) {
+            each->push_back(AllFiles);
+        }
+        tabs.push_back(ShortcutKey);
+        if (keys) {
+            single.push_back(ShortcutKey);
+        }
+        EXPECT_EQ(sources.Offered(SourceOffer::Tabs), tabs);
+        EXPECT_EQ(sources.Offered(SourceOffer::SingleProgram), single);
+        EXPECT_EQ(sources.Offered(SourceOffer::SeveralPrograms), several);
+    }
 }
 
 TEST_F(Sources, ARegistryThatRefusesEveryReadOffersNothing) {
@@ -320,8 +390,8 @@ TEST_F(Sources, ARegistryThatRefusesEveryReadOffersNothing) {
     sources.LoadIeFavorites();
     sources.LoadStartMenu();
     EXPECT_THAT(sources.ShortcutKeys(), IsEmpty());
-    EXPECT_FALSE(sources.OffersMediaCenter());
-    EXPECT_FALSE(sources.OffersIeFavorites());
+    EXPECT_FALSE(Offers(ProgramSource::MediaCenter));
+    EXPECT_FALSE(Offers(ProgramSource::IeFavorites));
     EXPECT_EQ(sources.StartMenuFolder(), L"");
 }
 

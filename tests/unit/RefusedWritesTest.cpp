@@ -5,6 +5,9 @@
 #include "fakes/FakeFonts.h"
 #include "fakes/FakeWindows.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 constexpr int kButtons = 7;
@@ -22,9 +25,9 @@ Pattern FullPattern(const std::wstring& word, int count) {
         slot.Exec = count % 2 == 0 ? L"S" : L"P";
         slot.NumAP = static_cast<std::int16_t>(count);
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            slot.AP(k) = word + L".exe";
-            slot.Param(k) = L"/" + word;
-            slot.Title(k) = word + L" program";
+            slot.Program(k).AP = word + L".exe";
+            slot.Program(k).Param = L"/" + word;
+            slot.Program(k).Title = word + L" program";
         }
     }
     return pattern;
@@ -60,6 +63,7 @@ struct EditedDialog : TestStore {
         PatternStore(store, kButtons).SavePattern(1, stored);
         PatternStore(store, kButtons).SavePattern(2, stored);
         SaveOnScreen(store, OldScreen());
+        store.IniSetString(kProgramSection, L"NumUser", L"2", kOwnFile);
         settings.Load();
         settings.RestoreDefaults(MainPage::Desktop);
         settings.RestoreDefaults(MainPage::Notebook);
@@ -79,7 +83,7 @@ struct EditedDialog : TestStore {
             PutMachine(L"Default\\USER1", prefix + L"NumAP", std::to_string(slot.NumAP).c_str());
             for (int k = 1; k <= kMaxPrograms; ++k) {
                 const std::wstring program = L"AP" + std::to_wstring(k);
-                PutText(subkey, program, prefix + program, slot.AP(k) + L"|" + slot.Param(k));
+                PutText(subkey, program, prefix + program, slot.Program(k).AP + L"|" + slot.Program(k).Param);
             }
         }
     }
@@ -122,10 +126,11 @@ public:
                 dialog.store.ReadCurrentPatternNumber()};
     }
 
-    /// The user edited all but the Pattern's name and the titles.
+    /// The user edited all but the numbers, the Pattern's name and the titles.
     static bool IsEdited(const std::string& write) {
-        return write.find("SetName") == std::string::npos && write.find("UserName") == std::string::npos &&
-               write.find("ProgName") == std::string::npos && write.find("_Title") == std::string::npos;
+        return std::ranges::none_of(std::array{"CurrSetting", "CurrUser", "NumSetting", "NumUser", "SetName",
+                                               "UserName", "ProgName", "_Title"},
+                                    [&](const char* name) { return write.find(name) != std::string::npos; });
     }
 
     /// Number of fields that hold their old value; a field that holds neither is a failure.
@@ -139,8 +144,8 @@ public:
         check(slot.Exec, old.Exec, edited.Exec);
         check(slot.NumAP, old.NumAP, edited.NumAP);
         for (int k = 1; k <= kMaxPrograms; ++k) {
-            check(slot.AP(k), old.AP(k), edited.AP(k));
-            EXPECT_EQ(slot.Param(k), L"/" + slot.AP(k).substr(0, 3));
+            check(slot.Program(k).AP, old.Program(k).AP, edited.Program(k).AP);
+            EXPECT_EQ(slot.Program(k).Param, L"/" + slot.Program(k).AP.substr(0, 3));
         }
         return count;
     }
@@ -170,7 +175,7 @@ TEST_P(RefusedWrite, LeavesThatOneValueOld_WhicheverWriteOfASaveItIs) {
         SCOPED_TRACE(number);
         EditedDialog dialog(GetParam());
         dialog.FailWrite(number);
-        dialog.settings.Save();
+        dialog.settings.Apply();
         failed = dialog.WriteFailed();
 
         const std::string refused = failed ? dialog.Written().at(static_cast<std::size_t>(number - 1)) : "";
@@ -181,8 +186,8 @@ TEST_P(RefusedWrite, LeavesThatOneValueOld_WhicheverWriteOfASaveItIs) {
         EXPECT_EQ(CountOld(stored.second), kButtons * (3 + kMaxPrograms));
         EXPECT_EQ(dialog.windows.Events().size(), 1U);
     }
-    // The name, 13 values of each button, 4 of the screen, and the run without a failure.
-    EXPECT_EQ(number - 1, 1 + kButtons * 13 + 4 + 1);
+    // Two numbers, the name, 13 values of each button, 4 of the screen, and the run without a failure.
+    EXPECT_EQ(number - 1, 2 + 1 + kButtons * 13 + 4 + 1);
 }
 
 TEST_P(RefusedWrite, LeavesThatOneValueOld_WhicheverWriteOfASwitchItIs) {
@@ -191,14 +196,14 @@ TEST_P(RefusedWrite, LeavesThatOneValueOld_WhicheverWriteOfASwitchItIs) {
         SCOPED_TRACE(number);
         EditedDialog dialog(GetParam());
         dialog.FailWrite(number);
-        dialog.settings.SwitchPattern(2, true);
+        dialog.settings.SwitchPattern(2, [] { return SaveAnswer::Yes; });
         failed = dialog.WriteFailed();
 
         const std::string refused = failed ? dialog.Written().at(static_cast<std::size_t>(number - 1)) : "";
         dialog.FailWrite(0);
         const Stored stored = ReadBack(dialog);
         const bool current = refused.find("Curr") != std::string::npos;
-        const bool edited = failed && !current && IsEdited(refused);
+        const bool edited = failed && IsEdited(refused);
         EXPECT_EQ(CountOld(stored.first), edited ? 1 : 0) << refused;
         EXPECT_EQ(CountOld(stored.second), kButtons * (3 + kMaxPrograms));
         EXPECT_EQ(stored.current, current ? 1 : 2);
@@ -213,9 +218,8 @@ TEST_P(RefusedWrite, ChangesNothingInTheStore_WhenEveryWriteIsRefused) {
     EditedDialog dialog(GetParam());
     dialog.registry.refusesWrites = true;
     dialog.files.refusesWrites = true;
-    dialog.settings.WritePatternNumbers();
-    dialog.settings.Save();
-    dialog.settings.SwitchPattern(2, true);
+    dialog.settings.Apply();
+    dialog.settings.SwitchPattern(2, [] { return SaveAnswer::Yes; });
     const Stored stored = ReadBack(dialog);
     EXPECT_EQ(CountOld(stored.first), kButtons * (3 + kMaxPrograms));
     EXPECT_EQ(CountOld(stored.second), kButtons * (3 + kMaxPrograms));
@@ -228,9 +232,9 @@ TEST_P(RefusedWrite, ChangesNothingInTheStore_WhenEveryWriteIsRefused) {
 TEST_P(RefusedWrite, IsTriedAgain_ByTheNextSave) {
     EditedDialog dialog(GetParam());
     dialog.FailWrite(4);
-    dialog.settings.Save();
+    dialog.settings.Apply();
     dialog.FailWrite(0);
-    dialog.settings.Save();
+    dialog.settings.Apply();
     const Stored stored = ReadBack(dialog);
     EXPECT_EQ(CountOld(stored.first), 0);
     EXPECT_EQ(CountOld(stored.screen), 0);
@@ -239,12 +243,12 @@ TEST_P(RefusedWrite, IsTriedAgain_ByTheNextSave) {
 TEST_P(RefusedWrite, OfANumberLeavesTheOtherNumberWritten) {
     for (const int number : {1, 2}) {
         EditedDialog dialog(GetParam());
-        dialog.settings.SwitchPattern(2, false);
+        dialog.settings.SwitchPattern(2, [] { return SaveAnswer::No; });
         const int count = static_cast<int>(dialog.settings.PatternNames().size());
         dialog.store.IniSetString(kProgramSection, L"CurrUser", L"7", TestStore::kOwnFile);
         dialog.store.IniSetString(kProgramSection, L"NumUser", L"9", TestStore::kOwnFile);
         dialog.FailWrite(number);
-        dialog.settings.WritePatternNumbers();
+        EXPECT_TRUE(dialog.settings.Ok([] { return SaveAnswer::No; }));
         EXPECT_EQ(dialog.store.ReadCurrentPatternNumber(), number == 1 ? 7 : 2);
         EXPECT_EQ(dialog.store.ReadPatternCount(), number == 2 ? 9 : count);
     }
@@ -281,9 +285,11 @@ TEST_P(RefusedRead, GivesThatOneValueItsDefault_WhicheverReadItIs) {
             taken += (slot.Name != own.Name ? 1 : 0) + (slot.Exec != own.Exec ? 1 : 0) +
                      (slot.NumAP != own.NumAP ? 1 : 0);
             for (int k = 1; k <= kMaxPrograms; ++k) {
-                ASSERT_TRUE(isOneOf(slot.AP(k), own.AP(k), other.AP(k)));
-                ASSERT_EQ(slot.Param(k), slot.AP(k) == own.AP(k) ? own.Param(k) : other.Param(k));
-                taken += slot.AP(k) != own.AP(k) ? 1 : 0;
+                ASSERT_TRUE(isOneOf(slot.Program(k).AP, own.Program(k).AP, other.Program(k).AP));
+                ASSERT_EQ(slot.Program(k).Param, slot.Program(k).AP == own.Program(k).AP
+                                                     ? own.Program(k).Param
+                                                     : other.Program(k).Param);
+                taken += slot.Program(k).AP != own.Program(k).AP ? 1 : 0;
             }
         }
         EXPECT_LE(taken, failed ? 1 : 0);

@@ -38,14 +38,12 @@ struct RegistrationDialog : TestStore {
         shell.shortcutAddresses[L"C:\\Favorites\\MAPS.URL"] = L"http://maps.example/?q=1";
     }
 
-    [[nodiscard]] ButtonSlotEditor Open(const ButtonSlot& slot) const {
-        const StringTable texts(strings);
-        return {
-            slot,
-            {sources, disk,
-             [this](const std::wstring& file) { return shell.InternetShortcutAddress(file).value_or(L""); },
-             texts.ResText(kTextIeFavorites), texts.ResText(kTextMyComputer)}};
+    [[nodiscard]] PickedItemServices Services() const {
+        return {sources, disk, [this](const std::wstring& file) {
+                    return shell.InternetShortcutAddress(file).value_or(L"");
+                }};
     }
+    [[nodiscard]] ButtonSlotEditor Open(const ButtonSlot& slot) const { return {slot, Services()}; }
 
     /// A button that starts these programs.
     [[nodiscard]] static ButtonSlot Button(const wchar_t* letter, const std::vector<std::wstring>& commands) {
@@ -55,7 +53,7 @@ struct RegistrationDialog : TestStore {
         slot.NumAP = static_cast<std::int16_t>(commands.size());
         int number = 0;
         for (const std::wstring& command : commands) {
-            slot.AP(++number) = command;
+            slot.Program(++number).AP = command;
         }
         return slot;
     }
@@ -70,19 +68,30 @@ struct RegistrationDialog : TestStore {
     /// A button with a Media Center item, as it is stored.
     [[nodiscard]] static ButtonSlot MusicButton() {
         ButtonSlot slot = Button(L"M", {L"C:\\mc\\mc.exe /music"});
-        slot.Title(1) = L"Music";
+        slot.Program(1).Title = L"Music";
         return slot;
     }
 
-    [[nodiscard]] static PickedItem Node(const std::wstring& path, const wchar_t* root = L"Start Menu") {
-        return {PickedItem::Kind::Tree, path, path.substr(path.rfind(L'\\') + 1), root};
+    [[nodiscard]] static PickedItem Node(const std::wstring& path,
+                                         ProgramSource source = ProgramSource::StartMenu) {
+        return {source, path, path.substr(path.rfind(L'\\') + 1)};
     }
-    [[nodiscard]] static PickedItem Favorite(const std::wstring& path) { return Node(path, L"IE Favorites"); }
-    [[nodiscard]] static PickedItem Key(KeyRow row) {
-        return {PickedItem::Kind::ShortcutKey, L"", L"", L"", row};
+    [[nodiscard]] static PickedItem File(const std::wstring& path) {
+        return Node(path, ProgramSource::AllFiles);
     }
-    [[nodiscard]] static PickedItem MediaCenter(MediaCenterItem row) {
-        return {PickedItem::Kind::MediaCenter, L"", L"", L"", row};
+    [[nodiscard]] static PickedItem Favorite(const std::wstring& path) {
+        return Node(path, ProgramSource::IeFavorites);
+    }
+    [[nodiscard]] static PickedItem MyComputer() {
+        PickedItem root = File(L"My Computer");
+        root.root = true;
+        return root;
+    }
+    [[nodiscard]] PickedItem Key(KeyRow row) const {
+        return PickedRow(sources, ProgramSource::ShortcutKey, row).value();
+    }
+    [[nodiscard]] PickedItem MediaCenter(MediaCenterItem row) const {
+        return PickedRow(sources, ProgramSource::MediaCenter, row).value();
     }
 
     // As the form does it, from the press of the mouse button on.
@@ -103,13 +112,13 @@ struct RegistrationDialog : TestStore {
         return texts;
     }
     [[nodiscard]] static std::vector<std::wstring> Commands(const ButtonSlotEditor& editor) {
-        return Texts(editor.Slot().AP);
+        return Texts(editor.Slot(), &ProgramEntry::AP);
     }
     [[nodiscard]] static std::vector<std::wstring> Parameters(const ButtonSlotEditor& editor) {
-        return Texts(editor.Slot().Param);
+        return Texts(editor.Slot(), &ProgramEntry::Param);
     }
     [[nodiscard]] static std::vector<std::wstring> Titles(const ButtonSlotEditor& editor) {
-        return Texts(editor.Slot().Title);
+        return Texts(editor.Slot(), &ProgramEntry::Title);
     }
 
     FakeStrings strings;
@@ -118,11 +127,11 @@ struct RegistrationDialog : TestStore {
     ProgramSources sources{store, disk, shell, ansiText};
 
 private:
-    [[nodiscard]] static std::vector<std::wstring> Texts(
-        const NumberedFrom1<std::wstring, kMaxPrograms>& array) {
+    [[nodiscard]] static std::vector<std::wstring> Texts(const ButtonSlot& slot,
+                                                         std::wstring ProgramEntry::*field) {
         std::vector<std::wstring> texts;
         for (int number = 1; number <= kMaxPrograms; ++number) {
-            texts.push_back(array(number));
+            texts.push_back(slot.Program(number).*field);
         }
         return texts;
     }

@@ -44,8 +44,26 @@ TEST_F(RegistryLayer, ReadsFourBytesOfAnyTypeAsANumber) {
     EXPECT_EQ(store.RegGetDword(kUser, kPath, L"N", 5), 0x00636261);
 }
 
-TEST_F(RegistryLayer, ReadsTheDefaultNumber_WhenTheDataAreNotFourBytes) {
-    for (const std::size_t length : {0U, 1U, 2U, 3U, 5U, 8U, 70000U}) {
+TEST_F(RegistryLayer, ReadsOneToThreeBytesOfAnyTypeAsTheLowBytesOfANumber) {
+    const std::pair<std::string_view, std::int32_t> numbers[] = {
+        {"\x01", 1}, {"\xFF", 0xFF}, {"\x02\x01", 0x0102}, {{"7\0", 2}, 0x37}, {"\xFF\xFE\xFD", 0xFDFEFF}};
+    for (const auto& [bytes, number] : numbers) {
+        for (const std::uint32_t type : {kRegistryString, kBinary, kRegistryDword}) {
+            registry.PutRaw(kUser, kPath, L"N", type, bytes);
+            EXPECT_EQ(store.RegGetDword(kUser, kPath, L"N", 5), number) << testing::PrintToString(bytes);
+        }
+    }
+}
+
+TEST_F(RegistryLayer, ReadsNoBytesAsZero_NotAsTheDefaultNumber) {
+    for (const std::uint32_t type : {kRegistryString, kBinary, kRegistryDword}) {
+        registry.PutRaw(kUser, kPath, L"N", type, "");
+        EXPECT_EQ(store.RegGetDword(kUser, kPath, L"N", 5), 0) << type;
+    }
+}
+
+TEST_F(RegistryLayer, ReadsTheDefaultNumber_WhenTheDataAreMoreThanFourBytes) {
+    for (const std::size_t length : {5U, 8U, 70000U}) {
         for (const std::uint32_t type : {kRegistryDword, kQword}) {
             registry.PutRaw(kUser, kPath, L"N", type, std::string(length, '\x01'));
             EXPECT_EQ(store.RegGetDword(kUser, kPath, L"N", 5), 5) << length;

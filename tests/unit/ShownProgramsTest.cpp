@@ -1,18 +1,20 @@
 #include "dialogs/register/ShownPrograms.h"
 
 #include "RegistrationDialog.h"
+#include "fakes/FakeDrives.h"
 
 namespace {
 
 class ProgramLinesTest : public testing::Test, public RegistrationDialog {
 protected:
     std::wstring Lines(const ButtonSlot& slot) {
-        return ProgramLines(slot, disk, [this] {
+        return ProgramLines(slot, disk, drives, [this] {
             ++keyQuestions;
             return sources.ShortcutKeys();
         });
     }
 
+    FakeDrives drives;
     int keyQuestions = 0;
 };
 
@@ -23,7 +25,7 @@ TEST_F(ProgramLinesTest, HasOneLineForEachProgram) {
 
 TEST_F(ProgramLinesTest, NamesEachAsTheRegistrationDialogShowsIt) {
     ButtonSlot slot = Button(L"P", {L"C:\\Apps\\Mail.exe", L"C:\\Apps\\Tools.d", L"C:\\gone.exe"});
-    slot.Title(1) = L"My mail.exe";
+    slot.Program(1).Title = L"My mail.exe";
     const ButtonSlotEditor editor = Open(slot);
     EXPECT_EQ(Lines(slot),
               editor.ShownText(0) + L"\r\n" + editor.ShownText(1) + L"\r\n" + editor.ShownText(2));
@@ -32,7 +34,7 @@ TEST_F(ProgramLinesTest, NamesEachAsTheRegistrationDialogShowsIt) {
 
 TEST_F(ProgramLinesTest, NamesAFavouriteAndAMediaCenterItemByTheirTitles) {
     ButtonSlot favourite = Button(L"M", {L"iexplore.exe|http://news.example/"});
-    favourite.Title(1) = L"News";
+    favourite.Program(1).Title = L"News";
     EXPECT_EQ(Lines(favourite), L"News");
     EXPECT_EQ(Lines(MusicButton()), L"Music");
 }
@@ -61,13 +63,30 @@ TEST_F(ProgramLinesTest, IsEmpty_WithoutPrograms) {
     EXPECT_EQ(Lines(negative), L"");
 }
 
+TEST_F(ProgramLinesTest, AsksNothingOfANetwork) {
+    drives.Add(L"n:", L"n:\\", kDriveRemote);
+    disk.AddFile(L"N:\\Tools\\Sync.exe");
+    disk.Forget();
+    EXPECT_EQ(Lines(Button(L"S", {L"N:\\Tools\\Sync.exe", L"\\\\server\\share\\Plan.doc", L"//server/share",
+                                  L"\\\\?\\UNC\\server\\share\\Rota.doc"})),
+              L"Sync.exe\r\nPlan.doc\r\n//server/share\r\nRota.doc");
+    EXPECT_TRUE(disk.questions.empty());
+}
+
+TEST_F(ProgramLinesTest, AsksNothingOfAPathWithoutADrive_WhichMayBeANetworksToo) {
+    disk.Forget();
+    EXPECT_EQ(Lines(Button(L"S", {L"notepad.exe", L"\\Apps\\Mail.exe", L"x", L":"})),
+              L"notepad.exe\r\nMail.exe\r\nx\r\n:");
+    EXPECT_TRUE(disk.questions.empty());
+}
+
 TEST_F(ProgramLinesTest, KeepsEachNameOnALineThatATipHasRoomFor) {
     ButtonSlot slot = Button(L"M", {L"C:\\x.exe"});
-    slot.Title(1) = L"two\r\nlines";
+    slot.Program(1).Title = L"two\r\nlines";
     EXPECT_EQ(Lines(slot), L"two  lines");
-    slot.Title(1) = std::wstring(80, L'x');
-    EXPECT_EQ(Lines(slot), slot.Title(1));
-    slot.Title(1) += L'x';
+    slot.Program(1).Title = std::wstring(80, L'x');
+    EXPECT_EQ(Lines(slot), slot.Program(1).Title);
+    slot.Program(1).Title += L'x';
     EXPECT_EQ(Lines(slot), std::wstring(79, L'x') + L'…');
 }
 

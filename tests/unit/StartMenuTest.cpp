@@ -47,7 +47,7 @@ TEST_F(StartMenu, ShowsBothFoldersEntries_SortedTogether_FoldersFirst) {
 }
 
 TEST_F(StartMenu, TheOrderIsTheListBoxsOwn) {
-    order->backwards = true;
+    order.backwards = true;
     disk.AddFile(InUser(L"a.lnk"));
     disk.AddFile(InUser(L"c.lnk"));
     disk.AddFile(InAll(L"b.lnk"));
@@ -279,9 +279,25 @@ TEST_F(StartMenu, TheFirstEntryIsMadeVisible) {
     EXPECT_THAT(nodes.MadeVisible(), ElementsAre(InAll(L"a.lnk")));
 }
 
-TEST_F(StartMenu, WithoutAFolderOfTheUserTheTreeIsEmpty) {
+TEST_F(StartMenu, WithoutAFolderOfTheUserItShowsTheAllUsersEntries_AtEveryDepth) {
+    disk.AddFile(InAll(L"Games\\Chess\\all.lnk"));
+    disk.AddFile(InAll(L"all.lnk"));
+    disk.AddFile(L"C:\\autoexec.bat");
+    for (const wchar_t* none : {L"", L"\\"}) {
+        tree.SetStartMenu(none, L"Start Menu");
+        EXPECT_EQ(nodes.Text(Root()), L"Start Menu");
+        EXPECT_EQ(nodes.Key(Root()), kAll);
+        EXPECT_THAT(nodes.Keys(Root()), ElementsAre(InAll(L"Games"), InAll(L"all.lnk")));
+        EXPECT_THAT(nodes.Texts(Opened(L"Games")), ElementsAre(L"Chess"));
+        EXPECT_THAT(nodes.Keys(Opened(L"Chess")), ElementsAre(InAll(L"Games\\Chess\\all.lnk")));
+    }
+}
+
+TEST_F(StartMenu, WithoutAnyFolderItIsARootAlone) {
+    shell.specialFolders.clear();
     disk.AddFile(L"C:\\autoexec.bat");
     tree.SetStartMenu(L"", L"Start Menu");
+    EXPECT_EQ(nodes.Text(Root()), L"Start Menu");
     EXPECT_THAT(RootTexts(), IsEmpty());
 }
 

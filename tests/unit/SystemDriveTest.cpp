@@ -71,7 +71,7 @@ TEST_F(SystemDrive, KeepsRemovableFixedAndCdRomDrivesOnly) {
     drives.Add(L"a:", L"a:\\", kDriveRemovable);
     drives.Add(L"c: [SYSTEM]", L"c:\\", kDriveFixed);
     drives.Add(L"d: [MUSIC]", L"d:\\", kDriveCdRom);
-    drives.Add(L"n: [SERVER]", L"n:\\", FakeDrives::kNetwork);
+    drives.Add(L"n: [SERVER]", L"n:\\", kDriveRemote);
     drives.Add(L"r: [RAM]", L"r:\\", FakeDrives::kRamDisk);
     drives.Add(L"u:", L"u:\\", 0);
     drives.Add(L"x:", L"x:\\", FakeDrives::kNoRoot);
@@ -82,7 +82,7 @@ TEST_F(SystemDrive, KeepsRemovableFixedAndCdRomDrivesOnly) {
 
 TEST_F(SystemDrive, AsksForTheTypeOfTheDrivesRoot_OnceEach) {
     drives.Add(L"c: [SYSTEM]", L"c:\\", kDriveFixed);
-    drives.Add(L"n: [SERVER]", L"n:\\", FakeDrives::kNetwork);
+    drives.Add(L"n: [SERVER]", L"n:\\", kDriveRemote);
     system.DriveBoxControl(drives);
     EXPECT_THAT(drives.questions, ElementsAre(L"c:\\", L"n:\\"));
 }

@@ -40,8 +40,9 @@ void PrintTo(const ButtonSlot& slot, std::ostream* stream) {
     *stream << testing::PrintToString(slot.Name) << ' ' << testing::PrintToString(slot.Exec) << ' '
             << slot.NumAP;
     for (int k = 1; k <= kMaxPrograms; ++k) {
-        *stream << " (" << testing::PrintToString(slot.AP(k)) << ", " << testing::PrintToString(slot.Param(k))
-                << ", " << testing::PrintToString(slot.Title(k)) << ')';
+        *stream << " (" << testing::PrintToString(slot.Program(k).AP) << ", "
+                << testing::PrintToString(slot.Program(k).Param) << ", "
+                << testing::PrintToString(slot.Program(k).Title) << ')';
     }
 }
 

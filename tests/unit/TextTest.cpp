@@ -175,24 +175,13 @@ TEST(FindIgnoreCaseTest, FindsTheEmptyTextAtTheStart) {
     EXPECT_EQ(FindIgnoreCase(L"", L""), 0U);
 }
 
-TEST(FoldCaseTest, FoldsCasedLettersAlone) {
-    EXPECT_EQ(FoldCase(L"Start MENU 2"), L"start menu 2");
-    EXPECT_EQ(FoldCase(L"\x00C4\x0416\x03A9\xFF21"), L"\x00E4\x0436\x03C9\xFF41");
-    EXPECT_EQ(FoldCase(L"\x00D7\x30A2\x0131[@"), L"\x00D7\x30A2\x0131[@");
-    EXPECT_EQ(FoldCase(L""), L"");
-    EXPECT_EQ(FoldCase(std::wstring_view(L"A\0B", 3)), std::wstring(L"a\0b", 3));
-}
-
-TEST(FoldCaseTest, MakesTextsTheSame_ExactlyWhenTheyAreEqualWithoutRegardToCase) {
-    for (unsigned code = 1; code < 0x500; ++code) {
-        const std::wstring one(1, static_cast<wchar_t>(code));
-        for (const unsigned distance : {1U, 0x20U, 0x50U}) {
-            const std::wstring other(1, static_cast<wchar_t>(code + distance));
-            EXPECT_EQ(FoldCase(one) == FoldCase(other), EqualsIgnoreCase(one, other))
-                << code << '+' << distance;
-        }
-        EXPECT_EQ(FoldCase(FoldCase(one)), FoldCase(one)) << code;
-    }
+TEST(LessIgnoreCaseTest, OrdersTextsThatDifferInMoreThanCase) {
+    EXPECT_TRUE(LessIgnoreCase{}(L"ab", L"B"));
+    EXPECT_TRUE(LessIgnoreCase{}(L"AB", L"abc"));
+    EXPECT_TRUE(LessIgnoreCase{}(L"", L"a"));
+    EXPECT_FALSE(LessIgnoreCase{}(L"B", L"ab"));
+    EXPECT_FALSE(LessIgnoreCase{}(L"ab", L"AB"));
+    EXPECT_FALSE(LessIgnoreCase{}(L"AB", L"ab"));
 }
 
 TEST(FromUtf8Test, DecodesEveryLength) {

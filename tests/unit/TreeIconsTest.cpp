@@ -48,16 +48,6 @@ TEST_F(TreeIcons, EachTreeStartsWithoutImages) {
     EXPECT_THAT(images.Pictures(), ElementsAre(L"77:1"));
 }
 
-TEST_F(TreeIcons, AnAnswerThatCameLaterIsDrawnWithoutAskingAgain) {
-    icons.Put(L"C:\\News.url", 0, L"Internet Shortcut");
-    const ShellFileInfo info = CDrawIcon::AskShell(icons, L"C:\\News.url", tree.IconFlags());
-    const std::size_t asked = icons.questions.size();
-    EXPECT_EQ(tree.ImageOf(info), 0);
-    EXPECT_EQ(icons.questions.size(), asked);
-    EXPECT_THAT(images.Pictures(), ElementsAre(kUrlLibrary));
-    EXPECT_EQ(tree.IconFlags(), 0x6605U);
-}
-
 TEST_F(TreeIcons, ANodeHasNoImage_WhenTheListTakesNone) {
     images.refuses = true;
     EXPECT_EQ(tree.ImageOf(L"C:\\a.txt"), -1);

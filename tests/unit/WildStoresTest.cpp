@@ -15,7 +15,6 @@
 #include "fakes/FakeStrings.h"
 #include "fakes/FakeWindows.h"
 #include "print/CQlbPrint.h"
-#include "settings/GlobalValue.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -236,22 +235,26 @@ private:
         sources.LoadStartMenu();
         EXPECT_LE(sources.ShortcutKeys().size(), 4U);
 
-        PatternList list = settings.PatternsToManage();
-        list.Load();
-        EXPECT_EQ(list.Count(), static_cast<int>(settings.PatternNames().size()));
-        EXPECT_TRUE(list.CurrentPattern() >= 1 && list.CurrentPattern() <= list.Count());
+        settings.ManagePatterns([&](PatternList& list) {
+            list.Load();
+            const auto count = static_cast<int>(settings.PatternNames().size());
+            EXPECT_TRUE(list.Count() == count || (count == 1 && list.Count() >= kMaxPatterns));
+            EXPECT_TRUE(list.CurrentPattern() >= 1 && list.CurrentPattern() <= list.Count());
+        });
 
         CQlbPrint print(store);
         print.IniFileName(kOwnFile);
         FakePrintDevice device;
-        EXPECT_TRUE(print.QlbPrintOut(PrintingOn(device), L"Wild"));
+        EXPECT_TRUE(print.QlbPrintOut(device, L"Wild"));
         EXPECT_FALSE(device.Pages().empty());
     }
 
     /// Without an edit, OK writes the two numbers.
     void CheckOk(MainSettings& settings) {
-        settings.WritePatternNumbers();
-        EXPECT_FALSE(settings.AnythingChanged());
+        EXPECT_TRUE(settings.Ok([] {
+            ADD_FAILURE() << "asked whether to save";
+            return SaveAnswer::Cancel;
+        }));
         const std::string current = std::to_string(settings.CurrentPattern());
         const std::string count = std::to_string(settings.PatternNames().size());
         if (GetParam().iniFile) {
@@ -267,17 +270,11 @@ private:
         const bool hadThatName = settings.Slot(3).Name == L"Edited";
         settings.SetButtonName(3, L"Edited");
         EXPECT_NE(settings.PatternChanged(), hadThatName);
-        const int place = settings.StorageSlot(3);
-        bool alone = true;
-        for (int button = 1; button <= settings.Switches().ButtonCount(); ++button) {
-            alone = alone && (button == 3 || settings.StorageSlot(button) != place);
-        }
-        settings.Save();
+        settings.Apply();
         EXPECT_FALSE(settings.AnythingChanged());
         MainSettings next(store, notification_, fonts_);
         next.Load();
-        // Where the maker moved two buttons to one place, the later one has it.
-        EXPECT_TRUE(next.Slot(3).Name == L"Edited" || !alone);
+        EXPECT_EQ(next.Slot(3).Name, L"Edited");
         EXPECT_EQ(next.OnScreen(), settings.OnScreen());
     }
 

@@ -3,27 +3,19 @@
 #include "RegistrationDialog.h"
 #include "dialogs/wizard/WizardFlow.h"
 
-#include <map>
 #include <optional>
 
-/// The wizard where every source is offered; what is selected in a tree or list is the test's choice.
+/// The wizard, where every source is offered.
 struct WizardDialog : RegistrationDialog {
     using Source = ProgramSource;
 
-    static constexpr const wchar_t* kShellFolders =
-        L"Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
     static constexpr const wchar_t* kMail = L"C:\\Apps\\Mail.exe";
     static constexpr const wchar_t* kNews = L"C:\\Favorites\\News.url";
     static constexpr const wchar_t* kNewsAddress = L"http://news.example/";
 
-    WizardDialog() {
-        Offer(true, true, true, true);
-        SelectFirstRows();
-    }
+    WizardDialog() { Offer(true, true, true); }
 
-    void Offer(bool startMenu, bool mediaCenter, bool favorites, bool shortcutKeys) {
-        registry.PutString(RegistryHive::CurrentUser, kShellFolders, L"Start Menu",
-                           startMenu ? "C:\\Menu" : "");
+    void Offer(bool mediaCenter, bool favorites, bool shortcutKeys) {
         PutMachine(L"UTLSetting\\ProgramGroup", L"MCMenu", mediaCenter ? 1 : 0);
         PutMachine(L"UTLSetting\\ProgramGroup", L"IEMenu", favorites ? 1 : 0);
         shell.specialFolders[kFolderFavorites] = L"C:\\Favorites";
@@ -34,34 +26,12 @@ struct WizardDialog : RegistrationDialog {
         LoadSources();
     }
     void LoadSources() {
-        sources.LoadStartMenu();
         sources.LoadMediaCenter();
         sources.LoadIeFavorites();
         sources.LoadShortcutKeys();
     }
-    /// As the lists and trees are once they are filled.
-    void SelectFirstRows() {
-        selected.clear();
-        if (!sources.MediaCenterTable().empty()) {
-            selected[Source::MediaCenter] = MediaCenter(kMusic);
-        }
-        if (!sources.ShortcutKeys().empty()) {
-            selected[Source::ShortcutKey] = Key(kCopyKey);
-        }
-    }
 
-    void Open(bool forButton = false) {
-        const StringTable texts(strings);
-        flow.emplace(WizardFlow::Surroundings{sources, disk,
-                                              [this](const std::wstring& file) {
-                                                  return shell.InternetShortcutAddress(file).value_or(L"");
-                                              },
-                                              [this](Source source) { return selected[source]; },
-                                              texts.ResText(kTextIeFavorites),
-                                              texts.ResText(kTextMyComputer)},
-                     forButton);
-        flow->Start();
-    }
+    void Open(bool forButton = false) { flow.emplace(Services(), forButton); }
 
     // From the first page on.
 
@@ -89,15 +59,15 @@ struct WizardDialog : RegistrationDialog {
 
     /// A click in the tree or list that is shown.
     void Click(const PickedItem& item) {
-        selected[*flow->ShownSource()] = item;
-        item.kind == PickedItem::Kind::Tree ? flow->ClickNode(item) : flow->ClickRow(item);
+        ASSERT_EQ(flow->ShownSource(), item.source);
+        flow->Click(item);
     }
     void Add(const PickedItem& item) {
         Click(item);
         flow->Next();
     }
-    void AddFrom(Source source, const PickedItem& item) {
-        flow->ChooseSource(source);
+    void AddFromItsSource(const PickedItem& item) {
+        flow->ChooseSource(item.source);
         Add(item);
     }
     /// The first of five programs.
@@ -107,12 +77,6 @@ struct WizardDialog : RegistrationDialog {
         }
     }
 
-    [[nodiscard]] PickedItem MyComputer() const {
-        const std::wstring name = StringTable(strings).ResText(kTextMyComputer);
-        return {PickedItem::Kind::Tree, name, name, name};
-    }
-    [[nodiscard]] static PickedItem File(const std::wstring& path) { return Node(path, L"My Computer"); }
-
     [[nodiscard]] std::vector<std::wstring> ProgramTexts() const {
         std::vector<std::wstring> texts;
         for (int slot = 0; slot < kSlots; ++slot) {
@@ -120,16 +84,15 @@ struct WizardDialog : RegistrationDialog {
         }
         return texts;
     }
-    [[nodiscard]] static std::vector<std::wstring> Texts(
-        const NumberedFrom1<std::wstring, kMaxPrograms>& array) {
+    [[nodiscard]] static std::vector<std::wstring> Texts(const ButtonSlot& slot,
+                                                         std::wstring ProgramEntry::*field) {
         std::vector<std::wstring> texts;
         for (int number = 1; number <= kMaxPrograms; ++number) {
-            texts.push_back(array(number));
+            texts.push_back(slot.Program(number).*field);
         }
         return texts;
     }
 
-    std::map<Source, PickedItem> selected;
     std::optional<WizardFlow> flow;
 
 private:

@@ -165,16 +165,16 @@ TEST_F(Wizard, GoesFromFiveProgramsStraightToTheEnd) {
 TEST_F(Wizard, TakesTheFifthProgramAway_WhenItGoesBackFromTheEnd) {
     GoToSeveral();
     AddPrograms(4);
-    AddFrom(Source::IeFavorites, Favorite(kNews));
-    ASSERT_EQ(flow->Slot().AP(5), std::wstring(L"iexplore.exe|") + kNewsAddress);
+    AddFromItsSource(Favorite(kNews));
+    ASSERT_EQ(flow->Slot().Program(5).AP, std::wstring(L"iexplore.exe|") + kNewsAddress);
     flow->Back();
     EXPECT_EQ(flow->Page(), WizardPage::SomePrograms);
     EXPECT_EQ(flow->Slot().NumAP, 4);
-    EXPECT_EQ(flow->Slot().AP(5), L"");
-    EXPECT_EQ(flow->Slot().Param(5), L"");
-    EXPECT_EQ(flow->Slot().Title(5), L"");
+    EXPECT_EQ(flow->Slot().Program(5).AP, L"");
+    EXPECT_EQ(flow->Slot().Program(5).Param, L"");
+    EXPECT_EQ(flow->Slot().Program(5).Title, L"");
     EXPECT_EQ(flow->ProgramText(4), L"");
-    EXPECT_EQ(flow->Slot().AP(4), L"C:\\Apps\\App4.exe");
+    EXPECT_EQ(flow->Slot().Program(4).AP, L"C:\\Apps\\App4.exe");
     EXPECT_EQ(flow->MarkedSlot(), 4);
     EXPECT_TRUE(flow->FinishEnabled());
 }
@@ -197,17 +197,17 @@ TEST_F(Wizard, TakesNothingAway_WhenItGoesBackFromTheEndThatFinishReached) {
 
 TEST_F(Wizard, TakesTheProgramsBackOneByOne) {
     GoToSeveral();
-    AddFrom(Source::IeFavorites, Favorite(kNews));
-    AddFrom(Source::StartMenu, Node(kMail));
+    AddFromItsSource(Favorite(kNews));
+    AddFromItsSource(Node(kMail));
     flow->Back();
     EXPECT_THAT(ProgramTexts(), ElementsAre(L"News.url", L"", L"", L"", L""));
-    EXPECT_THAT(Texts(flow->Slot().AP),
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::AP),
                 ElementsAre(L"iexplore.exe|http://news.example/", L"", L"", L"", L""));
     flow->Back();
     EXPECT_THAT(ProgramTexts(), Each(L""));
-    EXPECT_THAT(Texts(flow->Slot().AP), Each(L""));
-    EXPECT_THAT(Texts(flow->Slot().Param), Each(L""));
-    EXPECT_THAT(Texts(flow->Slot().Title), Each(L""));
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::AP), Each(L""));
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::Param), Each(L""));
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::Title), Each(L""));
     EXPECT_EQ(flow->Slot().NumAP, 0);
 }
 
@@ -221,8 +221,7 @@ TEST_F(Wizard, MarksTheSlotOfTheNextProgram) {
     flow->Back();
     EXPECT_EQ(flow->MarkedSlot(), 3);
     AddPrograms(2);
-    EXPECT_EQ(flow->Slot().NumAP, 5);
-    EXPECT_EQ(flow->MarkedSlot(), 4) << "there is no sixth";
+    EXPECT_EQ(flow->Page(), WizardPage::Finish) << "there is no sixth";
 }
 
 // The closing page
@@ -262,17 +261,6 @@ TEST_F(Wizard, CanFinish_ThoughTheLastSelectionIsNoProgram) {
     EXPECT_TRUE(flow->NextEnabled()) << "as it was before";
 }
 
-TEST_F(Wizard, HasNextAsBefore_OnceFinished) {
-    GoToSeveral();
-    AddPrograms(1);
-    Click(MyComputer());
-    ASSERT_FALSE(flow->NextEnabled());
-    flow->PressFinish();
-    flow->Next();
-    ASSERT_TRUE(flow->Committed());
-    EXPECT_FALSE(flow->NextEnabled());
-}
-
 TEST_F(Wizard, ForgetsTheSingleProgramsCount_WhenItGoesBackFromTheEnd) {
     GoToSingle(Source::AllFiles);
     Add(File(kMail));
@@ -298,7 +286,8 @@ TEST_F(Wizard, CountsSeveralProgramsFromTheFirst_AfterASingleOne) {
     EXPECT_EQ(flow->MarkedSlot(), 0);
     EXPECT_FALSE(flow->FinishEnabled());
     AddPrograms(1);
-    EXPECT_THAT(Texts(flow->Slot().AP), ElementsAre(L"C:\\Apps\\App1.exe", L"", L"", L"", L""));
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::AP),
+                ElementsAre(L"C:\\Apps\\App1.exe", L"", L"", L"", L""));
     EXPECT_EQ(flow->Slot().NumAP, 1);
 }
 

@@ -1,5 +1,7 @@
 #include "WizardDialog.h"
 
+#include <map>
+
 namespace {
 
 using testing::Each;
@@ -22,8 +24,8 @@ public:
         flow->Next();
         return Globals().EditedButtonSlot;
     }
-    const ButtonSlot& Single(Source source, const PickedItem& item) {
-        GoToSingle(source);
+    const ButtonSlot& Single(const PickedItem& item) {
+        GoToSingle(item.source);
         return Finish(item);
     }
     /// As a button without programs, and then as told.
@@ -32,8 +34,8 @@ public:
                                              const wchar_t* title = L"") {
         ButtonSlot slot = Button(letter, {command});
         slot.Name = name;
-        slot.Param(1) = parameter;
-        slot.Title(1) = title;
+        slot.Program(1).Param = parameter;
+        slot.Program(1).Title = title;
         return slot;
     }
 };
@@ -41,46 +43,41 @@ public:
 // A single program, as it is handed over
 
 TEST_F(WizardPrograms, ASingleFileIsNamedWithoutWhatFollowsItsLastDot) {
-    EXPECT_EQ(Single(Source::AllFiles, File(L"C:\\Docs\\report.final.xls")),
+    EXPECT_EQ(Single(File(L"C:\\Docs\\report.final.xls")),
               Expected(L"report.final", L"M", L"C:\\Docs\\report.final.xls"));
-    EXPECT_EQ(Single(Source::StartMenu, Node(kMail)), Expected(L"Mail", L"M", kMail));
+    EXPECT_EQ(Single(Node(kMail)), Expected(L"Mail", L"M", kMail));
 }
 
 TEST_F(WizardPrograms, ASingleFileWithoutADotKeepsItsName) {
-    EXPECT_EQ(Single(Source::AllFiles, File(L"C:\\Docs\\README")),
-              Expected(L"README", L"M", L"C:\\Docs\\README"));
+    EXPECT_EQ(Single(File(L"C:\\Docs\\README")), Expected(L"README", L"M", L"C:\\Docs\\README"));
 }
 
 TEST_F(WizardPrograms, ASingleFileThatBeginsWithItsOnlyDotHasNoName) {
-    EXPECT_EQ(Single(Source::AllFiles, File(L"C:\\Docs\\.profile")),
-              Expected(L"", L"M", L"C:\\Docs\\.profile"));
+    EXPECT_EQ(Single(File(L"C:\\Docs\\.profile")), Expected(L"", L"M", L"C:\\Docs\\.profile"));
 }
 
 TEST_F(WizardPrograms, ASingleFileIsNamedByTheNodesText) {
     PickedItem item = File(L"C:\\Docs\\report.final.xls");
-    item.text = L"Report. Draft";
-    EXPECT_EQ(Single(Source::AllFiles, item), Expected(L"Report", L"M", L"C:\\Docs\\report.final.xls"));
+    item.name = L"Report. Draft";
+    EXPECT_EQ(Single(item), Expected(L"Report", L"M", L"C:\\Docs\\report.final.xls"));
 }
 
 TEST_F(WizardPrograms, ASingleFolderKeepsItsDots) {
-    EXPECT_EQ(Single(Source::AllFiles, File(L"C:\\Docs\\v1.2.files")),
-              Expected(L"v1.2.files", L"M", L"C:\\Docs\\v1.2.files"));
+    EXPECT_EQ(Single(File(L"C:\\Docs\\v1.2.files")), Expected(L"v1.2.files", L"M", L"C:\\Docs\\v1.2.files"));
 }
 
 TEST_F(WizardPrograms, ASinglePathThatIsGoneKeepsItsDots) {
-    EXPECT_EQ(Single(Source::AllFiles, File(L"C:\\Gone\\old.exe")),
-              Expected(L"old.exe", L"M", L"C:\\Gone\\old.exe"));
+    EXPECT_EQ(Single(File(L"C:\\Gone\\old.exe")), Expected(L"old.exe", L"M", L"C:\\Gone\\old.exe"));
 }
 
 TEST_F(WizardPrograms, AShortcutKeyIsItsCodeAndItsWholeName) {
-    EXPECT_EQ(Single(Source::ShortcutKey, Key(kPasteKey)), Expected(L"Paste", L"K", L"47"));
+    EXPECT_EQ(Single(Key(kPasteKey)), Expected(L"Paste", L"K", L"47"));
 }
 
 TEST_F(WizardPrograms, AShortcutKeyKeepsTheDotsOfItsName_AndItsSign) {
     disk.AddFile(L"C:\\Dots\\QLBCODE.DAT", "Ctrl+.,-7,Full.stop. key\n");
     shell.programDirectory = L"C:\\Dots";
     LoadSources();
-    selected[Source::ShortcutKey] = Key(kCopyKey);
     GoToSingle(Source::ShortcutKey);
     EXPECT_EQ(Finish(Key(kCopyKey)), Expected(L"Full.stop. key", L"K", L"-7"));
 }
@@ -89,12 +86,12 @@ TEST_F(WizardPrograms, AMediaCenterItemIsItsCommandWithItsDisplayNameAndTitle) {
     disk.AddFile(L"C:\\Mc\\QLBMCMNU.DAT", "News,Evening news,C:\\mc\\mc.exe /news\n");
     shell.programDirectory = L"C:\\Mc";
     LoadSources();
-    EXPECT_EQ(Single(Source::MediaCenter, MediaCenter(kMusic)),
+    EXPECT_EQ(Single(MediaCenter(kMusic)),
               Expected(L"Evening news", L"M", L"C:\\mc\\mc.exe /news", L"", L"News"));
 }
 
 TEST_F(WizardPrograms, AMediaCenterItemIsTheRowThatWasClicked) {
-    EXPECT_EQ(Single(Source::MediaCenter, MediaCenter(kFilms)),
+    EXPECT_EQ(Single(MediaCenter(kFilms)),
               Expected(L"My Films", L"M", L"C:\\mc\\mc.exe /films", L"", L"Films"));
 }
 
@@ -103,8 +100,7 @@ TEST_F(WizardPrograms, AMediaCenterItemHasTheNameOfTheLastRowOfItsTitle) {
                  "News,Early,early.exe\nFilms,Films,films.exe\nNEWS,Late,late.exe\n");
     shell.programDirectory = L"C:\\Mc";
     LoadSources();
-    EXPECT_EQ(Single(Source::MediaCenter, MediaCenter(kMusic)),
-              Expected(L"Late", L"M", L"early.exe", L"", L"NEWS"));
+    EXPECT_EQ(Single(MediaCenter(kMusic)), Expected(L"Late", L"M", L"early.exe", L"", L"NEWS"));
 }
 
 TEST_F(WizardPrograms, AFileNamedAsAMediaCenterItemIsAFile) {
@@ -117,23 +113,22 @@ TEST_F(WizardPrograms, AFileNamedAsAMediaCenterItemIsAFile) {
 }
 
 TEST_F(WizardPrograms, AFavouriteIsOpenedByTheBrowserAtItsAddress) {
-    EXPECT_EQ(Single(Source::IeFavorites, Favorite(kNews)),
+    EXPECT_EQ(Single(Favorite(kNews)),
               Expected(L"News.url", L"M", std::wstring(L"iexplore.exe|") + kNewsAddress, kNewsAddress,
                        L"News.url"));
-    EXPECT_EQ(Single(Source::IeFavorites, Favorite(L"C:\\Favorites\\MAPS.URL")),
+    EXPECT_EQ(Single(Favorite(L"C:\\Favorites\\MAPS.URL")),
               Expected(L"MAPS.URL", L"M", L"iexplore.exe|http://maps.example/?q=1",
                        L"http://maps.example/?q=1", L"MAPS.URL"));
 }
 
 TEST_F(WizardPrograms, AFavouriteWithoutAnAddressIsTheBrowserAlone) {
-    EXPECT_EQ(Single(Source::IeFavorites, Favorite(L"C:\\Favorites\\Empty.url")),
+    EXPECT_EQ(Single(Favorite(L"C:\\Favorites\\Empty.url")),
               Expected(L"Empty.url", L"M", L"iexplore.exe|", L"", L"Empty.url"));
 }
 
 TEST_F(WizardPrograms, AnInternetShortcutElsewhereIsAFile) {
-    EXPECT_EQ(Single(Source::StartMenu, Node(L"C:\\Menu\\News.url")),
-              Expected(L"News", L"M", L"C:\\Menu\\News.url"));
-    EXPECT_EQ(Single(Source::AllFiles, File(kNews)), Expected(L"News", L"M", kNews));
+    EXPECT_EQ(Single(Node(L"C:\\Menu\\News.url")), Expected(L"News", L"M", L"C:\\Menu\\News.url"));
+    EXPECT_EQ(Single(File(kNews)), Expected(L"News", L"M", kNews));
 }
 
 // The letter
@@ -199,10 +194,13 @@ TEST_F(WizardPrograms, AFavouritesAddressStaysInTheParameter_WhenAFileFollows) {
 }
 
 TEST_F(WizardPrograms, AFavouritesAddressReplacesTheFormerOne) {
-    GoToSingle(Source::IeFavorites);
-    Add(Favorite(kNews));
-    flow->Back();
-    EXPECT_EQ(Finish(Favorite(L"C:\\Favorites\\MAPS.URL")).Param(1), L"http://maps.example/?q=1");
+    for (const auto& [path, address] : std::map<std::wstring, std::wstring>{
+             {L"C:\\Favorites\\MAPS.URL", L"http://maps.example/?q=1"}, {L"C:\\Favorites\\Empty.url", L""}}) {
+        GoToSingle(Source::IeFavorites);
+        Add(Favorite(kNews));
+        flow->Back();
+        EXPECT_EQ(Finish(Favorite(path)).Program(1).Param, address);
+    }
 }
 
 TEST_F(WizardPrograms, AFavouritesAddressIsGone_WhenSeveralProgramsFollow) {
@@ -235,17 +233,17 @@ TEST_F(WizardPrograms, AMediaCenterTitleIsGone_WhenAFileFollows) {
 
 TEST_F(WizardPrograms, SeveralAreHandedOverInTheirOrder) {
     GoToSeveral(2);
-    AddFrom(Source::StartMenu, Node(kMail));
-    AddFrom(Source::IeFavorites, Favorite(kNews));
-    AddFrom(Source::AllFiles, File(L"C:\\Docs\\v1.2.files"));
+    AddFromItsSource(Node(kMail));
+    AddFromItsSource(Favorite(kNews));
+    AddFromItsSource(File(L"C:\\Docs\\v1.2.files"));
     EXPECT_THAT(ProgramTexts(), ElementsAre(L"Mail.exe", L"News.url", L"v1.2.files", L"", L""));
     flow->PressFinish();
     flow->Next();
     ButtonSlot expected =
         Button(L"P", {kMail, std::wstring(L"iexplore.exe|") + kNewsAddress, L"C:\\Docs\\v1.2.files"});
     expected.Name = L"Morning";
-    expected.Param(2) = kNewsAddress;
-    expected.Title(2) = L"News.url";
+    expected.Program(2).Param = kNewsAddress;
+    expected.Program(2).Title = L"News.url";
     EXPECT_EQ(Globals().EditedButtonSlot, expected);
 }
 
@@ -262,12 +260,12 @@ TEST_F(WizardPrograms, SeveralAreOneToFive) {
         for (int number = 1; number <= kMaxPrograms; ++number) {
             commands.push_back(number <= count ? L"C:\\Apps\\App" + std::to_wstring(number) + L".exe" : L"");
         }
-        EXPECT_EQ(Texts(Globals().EditedButtonSlot.AP), commands);
+        EXPECT_EQ(Texts(Globals().EditedButtonSlot, &ProgramEntry::AP), commands);
         EXPECT_EQ(Globals().EditedButtonSlot.NumAP, count);
         EXPECT_EQ(Globals().EditedButtonSlot.Name, L"Morning");
         EXPECT_EQ(Globals().EditedButtonSlot.Exec, L"S");
-        EXPECT_THAT(Texts(Globals().EditedButtonSlot.Param), Each(L""));
-        EXPECT_THAT(Texts(Globals().EditedButtonSlot.Title), Each(L""));
+        EXPECT_THAT(Texts(Globals().EditedButtonSlot, &ProgramEntry::Param), Each(L""));
+        EXPECT_THAT(Texts(Globals().EditedButtonSlot, &ProgramEntry::Title), Each(L""));
     }
 }
 
@@ -279,7 +277,8 @@ TEST_F(WizardPrograms, SeveralAreAddedByNext_NotByPicking) {
     EXPECT_THAT(ProgramTexts(), ElementsAre(L"App1.exe", L"", L"", L"", L""));
     flow->PressFinish();
     flow->Next();
-    EXPECT_THAT(Texts(Globals().EditedButtonSlot.AP), ElementsAre(L"C:\\Apps\\App1.exe", L"", L"", L"", L""));
+    EXPECT_THAT(Texts(Globals().EditedButtonSlot, &ProgramEntry::AP),
+                ElementsAre(L"C:\\Apps\\App1.exe", L"", L"", L"", L""));
 }
 
 TEST_F(WizardPrograms, SeveralMayBeTheSameSeveralTimes) {
@@ -289,7 +288,7 @@ TEST_F(WizardPrograms, SeveralMayBeTheSameSeveralTimes) {
         EXPECT_TRUE(flow->NextEnabled());
         flow->Next();
     }
-    EXPECT_THAT(Texts(flow->Slot().AP), Each(kMail));
+    EXPECT_THAT(Texts(flow->Slot(), &ProgramEntry::AP), Each(kMail));
     EXPECT_EQ(flow->Slot().NumAP, 5);
 }
 
@@ -308,21 +307,21 @@ TEST_F(WizardPrograms, SeveralAreNamedAsTyped_AlsoWhenTheNameChangesLater) {
 
 TEST_F(WizardPrograms, SeveralKeepNothingOfAFavouriteInWhosePlaceAFileComes) {
     GoToSeveral();
-    AddFrom(Source::IeFavorites, Favorite(kNews));
+    AddFromItsSource(Favorite(kNews));
     flow->Back();
-    AddFrom(Source::AllFiles, File(kMail));
-    EXPECT_EQ(flow->Slot().AP(1), kMail);
-    EXPECT_EQ(flow->Slot().Param(1), L"");
-    EXPECT_EQ(flow->Slot().Title(1), L"");
+    AddFromItsSource(File(kMail));
+    EXPECT_EQ(flow->Slot().Program(1).AP, kMail);
+    EXPECT_EQ(flow->Slot().Program(1).Param, L"");
+    EXPECT_EQ(flow->Slot().Program(1).Title, L"");
     EXPECT_EQ(flow->ProgramText(0), L"Mail.exe");
 }
 
 TEST_F(WizardPrograms, AnInternetShortcutOutsideTheFavouritesIsAFile_AmongSeveral) {
     GoToSeveral();
-    AddFrom(Source::StartMenu, Node(L"C:\\Menu\\News.url"));
-    EXPECT_EQ(flow->Slot().AP(1), L"C:\\Menu\\News.url");
-    EXPECT_EQ(flow->Slot().Param(1), L"");
-    EXPECT_EQ(flow->Slot().Title(1), L"");
+    AddFromItsSource(Node(L"C:\\Menu\\News.url"));
+    EXPECT_EQ(flow->Slot().Program(1).AP, L"C:\\Menu\\News.url");
+    EXPECT_EQ(flow->Slot().Program(1).Param, L"");
+    EXPECT_EQ(flow->Slot().Program(1).Title, L"");
 }
 
 // Handing over
@@ -345,7 +344,7 @@ TEST_F(WizardPrograms, NothingIsHandedOver_BeforeTheEnd) {
 }
 
 TEST_F(WizardPrograms, NothingOfTheFormerButtonIsLeft) {
-    EXPECT_EQ(Single(Source::AllFiles, File(kMail)), Expected(L"Mail", L"M", kMail));
+    EXPECT_EQ(Single(File(kMail)), Expected(L"Mail", L"M", kMail));
 }
 
 } // namespace

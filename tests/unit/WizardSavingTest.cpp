@@ -1,4 +1,5 @@
 #include "MainDialog.h"
+#include "app/CommandLine.h"
 
 #include <algorithm>
 
@@ -18,10 +19,10 @@ public:
         result.Name = L"Morning";
         result.Exec = L"P";
         result.NumAP = 2;
-        result.AP(1) = L"C:\\Mail.exe";
-        result.AP(2) = L"iexplore.exe|http://news.example/";
-        result.Param(2) = L"http://news.example/";
-        result.Title(2) = L"News.url";
+        result.Program(1).AP = L"C:\\Mail.exe";
+        result.Program(2).AP = L"iexplore.exe|http://news.example/";
+        result.Program(2).Param = L"http://news.example/";
+        result.Program(2).Title = L"News.url";
     }
 
     ButtonSlot result;
@@ -89,7 +90,7 @@ TEST_F(WizardSaving, LeavesTheOtherButtonsAlone) {
     for (int button = 1; button <= 7; ++button) {
         ButtonSlot own = settings.Slot(button);
         own.Name = L"own " + std::to_wstring(button);
-        own.AP(1) = L"C:\\own" + std::to_wstring(button) + L".exe";
+        own.Program(1).AP = L"C:\\own" + std::to_wstring(button) + L".exe";
         own.NumAP = 1;
         settings.SetSlot(button, own);
     }
@@ -106,12 +107,34 @@ TEST_F(WizardSaving, LeavesTheOtherButtonsAlone) {
 }
 
 TEST_F(WizardSaving, SavesIntoTheCurrentPattern) {
-    settings.SwitchPattern(2, false);
+    settings.SwitchPattern(2, AskNothing);
     ForgetOperations();
     settings.SaveButton(2, result);
     EXPECT_EQ(UserString(L"Setting\\Set2\\AppKey2", L"DispTitle"), "Morning");
     EXPECT_THAT(Written(), Contains("CurrSetting = 2"));
     EXPECT_THAT(Written(), Not(Contains(StartsWith("Setting\\Set1"))));
+}
+
+TEST_F(WizardSaving, StoresNothing_ForANumberThatIsNoButton) {
+    for (const int number : {0, 9, -1}) {
+        settings.SaveButton(number, result);
+    }
+    EXPECT_THAT(Written(), IsEmpty());
+    EXPECT_THAT(windows.Events(), IsEmpty());
+}
+
+TEST_F(WizardSaving, AsksTheLauncherForTheButtonOnceItIsStored_WhenTheWizardRunsAlone) {
+    StartUp startUp;
+    startUp.WizardButton = 2;
+    settings.SaveLoneButton(startUp, result);
+    EXPECT_EQ(settings.Slot(3), result);
+    const FakeWindows::Event told{FakeWindows::Deed::Sent, launcher, 1336, 1, 0};
+    EXPECT_THAT(windows.Events(), ElementsAre(told));
+    windows.ForgetEvents();
+    startUp.ButtonRequest = true;
+    settings.SaveLoneButton(startUp, result);
+    EXPECT_THAT(windows.Events(),
+                ElementsAre(told, FakeWindows::Event{FakeWindows::Deed::Posted, launcher, 1332, 106, 1}));
 }
 
 TEST_F(WizardSaving, HasTheNameThatTheStoreKeeps) {
@@ -141,45 +164,8 @@ TEST_F(WizardSaving, IsReadBackByTheNextStart) {
     settings.SaveButton(7, result);
     MainSettings next(store, notification, fonts);
     next.Load();
-    result.AP(2) = L"iexplore.exe"; // the address is read as the parameter alone
+    result.Program(2).AP = L"iexplore.exe"; // the address is read as the parameter alone
     EXPECT_EQ(next.Slot(7), result);
-}
-
-// Buttons whose storage the maker moved
-
-class MovedButtons : public Test, public MainDialog {
-public:
-    MovedButtons() {
-        PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey2", 4);
-        PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey4", 2);
-        settings.Load();
-    }
-};
-
-TEST_F(MovedButtons, AreKnownByWhereTheyAreStored) {
-    EXPECT_EQ(settings.StorageSlot(2), 4);
-    EXPECT_EQ(settings.StorageSlot(4), 2);
-    EXPECT_EQ(settings.StorageSlot(1), 1);
-    EXPECT_EQ(settings.StorageSlot(7), 7);
-}
-
-TEST_F(MovedButtons, AreStoredUnderTheLaunchersNumber_WhenTheWizardRunsAlone) {
-    ButtonSlot result;
-    result.Name = L"Morning";
-    result.Exec = L"M";
-    result.NumAP = 1;
-    result.AP(1) = L"C:\\Mail.exe";
-    settings.SaveButton(settings.StorageSlot(2), result);
-    EXPECT_EQ(UserString(L"Setting\\Set1\\AppKey2", L"DispTitle"), "Morning");
-    EXPECT_NE(UserString(L"Setting\\Set1\\AppKey4", L"DispTitle"), "Morning");
-}
-
-TEST_F(MovedButtons, DoNotMove_WhereTheMakersNumberIsNoOtherButton) {
-    for (const std::int32_t number : {0, 8, 9, -1}) {
-        PutMachine(L"UTLSetting\\ConvAppKey", L"AppKey2", number);
-        settings.Load();
-        EXPECT_EQ(settings.StorageSlot(2), 2) << number;
-    }
 }
 
 } // namespace

@@ -24,10 +24,10 @@ constexpr int kLineHeight = 14;
 } // namespace
 
 BrowseWindow::BrowseWindow(const Platform& platform)
-    : platform_(platform), texts_(platform.strings),
+    : ModalForm(nullptr), platform_(platform), texts_(platform.strings),
       store_(platform.registry, platform.profileFiles, platform.ansiText, Globals().IniFileName),
       panes_(*this, platform, store_, texts_) {
-    CreateHidden(nullptr, Globals().DialogFontName);
+    CreateHidden(Globals().DialogFontName);
 }
 
 void BrowseWindow::OnCreate() {
@@ -61,7 +61,7 @@ void BrowseWindow::OnCommand(int id, int /*notification*/) {
 
 void BrowseWindow::OnClose() {
     panes_.Clear();
-    EndModal();
+    End();
 }
 
 void BrowseWindow::ShowTab(int tab) {

@@ -3,7 +3,7 @@
 #include "app/StringTable.h"
 #include "dialogs/register/SourcePanes.h"
 #include "settings/RegIniFunc.h"
-#include "ui/Form.h"
+#include "ui/ModalForm.h"
 
 #include <vector>
 
@@ -11,14 +11,9 @@ struct Platform;
 
 /// The program sources without the dialogs around them, to be tried by hand and by tests. The line below shows
 /// the selected node's key, and behind it a favourite's address.
-class BrowseWindow final : public Form {
+class BrowseWindow final : public ModalForm {
 public:
     explicit BrowseWindow(const Platform& platform);
-
-    void Run() {
-        RunModal();
-        Close();
-    }
 
 protected:
     void OnCreate() override;
@@ -26,6 +21,7 @@ protected:
     void OnCommand(int id, int notification) override;
     LRESULT OnNotify(NMHDR& header) override;
     [[nodiscard]] bool ShowsHourglass() const override { return panes_.ShowsHourglass(); }
+    bool OnIdle() override { return panes_.OnIdle(); }
     void OnClose() override;
 
 private:

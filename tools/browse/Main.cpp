@@ -1,9 +1,8 @@
 #include "BrowseWindow.h"
 
+#include "app/StringTable.h"
 #include "platform/Platform.h"
 #include "platform/windows/WindowsPlatform.h"
-#include "platform/windows/Worker.h"
-#include "settings/GlobalValue.h"
 
 #include <windows.h>
 
@@ -12,9 +11,6 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_
     WindowsPlatform system;
     const Platform platform = system.Interfaces();
     ResetGlobals(platform.strings);
-    BrowseWindow(platform).Run();
-    if (WorkersRun()) {
-        TerminateProcess(GetCurrentProcess(), 0);
-    }
+    BrowseWindow(platform).ShowModal();
     return 0;
 }

@@ -7,6 +7,9 @@ namespace {
 
 constexpr UINT kSettingsChanged = 1336;
 constexpr UINT kButtonRequest = 1332;
+/// Posted, a mark has been handled when all that was posted before it has, too.
+constexpr UINT kMark = WM_APP;
+constexpr UINT kAskForMark = WM_APP + 1;
 constexpr wchar_t kLauncherClass[] = L"KORVOQLBCLASS";
 constexpr wchar_t kVistacastClass[] = L"Korvo Vistacast MainWnd Class";
 
@@ -57,6 +60,11 @@ LRESULT LauncherWindow::Handle(HWND hwnd, UINT message, WPARAM wParam, LPARAM lP
     case kButtonRequest:
         Record(message, wParam);
         return 0;
+    case kMark:
+        mark_ = wParam;
+        return 0;
+    case kAskForMark:
+        return static_cast<LRESULT>(mark_);
     case WM_DESTROY:
         PostQuitMessage(0);
         return 0;

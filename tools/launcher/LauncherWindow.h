@@ -26,4 +26,5 @@ private:
     LogFile& log_;
     HWND hwnd_ = nullptr;
     HWND view_ = nullptr;
+    WPARAM mark_ = 0;
 };

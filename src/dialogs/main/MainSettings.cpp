@@ -1,5 +1,6 @@
 #include "dialogs/main/MainSettings.h"
 
+#include "app/CommandLine.h"
 #include "app/LauncherNotification.h"
 #include "dialogs/patterns/PatternList.h"
 #include "settings/RegIniFunc.h"
@@ -11,7 +12,6 @@ MainSettings::MainSettings(RegIniFunc& store, LauncherNotification& launcher, co
 void MainSettings::Load() {
     switches_ = LoadMakerSwitches(store_);
     currentPattern_ = store_.ReadCurrentPatternNumber();
-    currentRefused_ = false;
     defaultOnScreen_ = LoadDefaultOnScreen(store_, fonts_);
     onScreen_ = LoadOnScreen(store_, fonts_, defaultOnScreen_);
     unchangedOnScreen_ = onScreen_;
@@ -30,40 +30,17 @@ void MainSettings::LoadPatternNames() {
     }
 }
 
-PatternList MainSettings::PatternsToManage() {
-    if (currentRefused_) {
-        WriteCurrentNumber();
-    }
-    return {store_, *patterns_, defaults_};
-}
-
-bool MainSettings::ReloadPatternList(PatternList& managed) {
-    managed.WriteRefused();
-    const int formerNumber = currentPattern_;
-    const int place = managed.NumberOf(formerNumber);
-    const bool refused = currentRefused_ || managed.HasRefused();
-    currentRefused_ = (currentRefused_ || managed.IsCurrentRefused()) && managed.IsStored(place);
-    // A number that the store refuses to this day is written with the next save.
-    currentPattern_ = currentRefused_ ? place : store_.ReadCurrentPatternNumber();
+void MainSettings::ManagePatterns(const std::function<void(PatternList&)>& manage) {
+    PatternList list(store_, *patterns_, defaults_, currentPattern_);
+    manage(list);
+    currentPattern_ = store_.ReadCurrentPatternNumber();
     LoadPatternNames();
-    if (!refused || (currentPattern_ == place && managed.IsFree(place)) ||
-        IsAsBefore(managed, formerNumber)) {
-        working_.UserName = patterns_->LoadPatternName(currentPattern_, defaults_);
-        return false;
+    const std::wstring name = patterns_->LoadPatternName(currentPattern_, defaults_);
+    if (list.IsShown(currentPattern_, name)) {
+        working_.UserName = name;
+    } else {
+        LoadCurrentPattern();
     }
-    LoadCurrentPattern();
-    return true;
-}
-
-bool MainSettings::IsAsBefore(const PatternList& managed, int formerNumber) const {
-    if (currentPattern_ != formerNumber) {
-        return false;
-    }
-    if (patterns_->LoadPatternName(currentPattern_, Pattern{}).empty()) {
-        return true;
-    }
-    // As it was read, and not as it was last saved: what is stored reads a little different.
-    return managed.AsRead(formerNumber) == patterns_->LoadPattern(currentPattern_, defaults_);
 }
 
 void MainSettings::LoadCurrentPattern() {
@@ -78,9 +55,32 @@ void MainSettings::ChoosePicture(int button) {
     pictures_(button) = ButtonPictureIndex(working_, unchanged_, button);
 }
 
+std::vector<int> MainSettings::ButtonsStoredWith(int button) const {
+    std::vector<int> buttons;
+    for (int other = 1; other <= kMaxButtons; ++other) {
+        if (patterns_->StorageSlot(other) == patterns_->StorageSlot(button)) {
+            buttons.push_back(other);
+        }
+    }
+    return buttons;
+}
+
+void MainSettings::SetButtonName(int button, const std::wstring& name) {
+    for (const int alike : ButtonsStoredWith(button)) {
+        working_.Btn(alike).Name = name;
+    }
+}
+
+bool MainSettings::IsNameShown(int button, const std::wstring& boxText) const {
+    const std::wstring& name = Slot(button).Name;
+    return boxText == name || (boxText.empty() && name == L" ");
+}
+
 void MainSettings::SetSlot(int button, const ButtonSlot& slot) {
-    working_.Btn(button) = slot;
-    ChoosePicture(button);
+    for (const int alike : ButtonsStoredWith(button)) {
+        working_.Btn(alike) = slot;
+        ChoosePicture(alike);
+    }
 }
 
 std::vector<int> MainSettings::ButtonsOf(MainPage page) const {
@@ -102,8 +102,7 @@ void MainSettings::RestoreDefaults(MainPage page) {
         onScreen_ = defaultOnScreen_;
     }
     for (const int button : ButtonsOf(page)) {
-        working_.Btn(button) = defaults_.Btn(button);
-        ChoosePicture(button);
+        SetSlot(button, defaults_.Btn(button));
     }
 }
 
@@ -116,8 +115,7 @@ bool MainSettings::AnythingChanged() const {
 }
 
 void MainSettings::WriteCurrentNumber() {
-    currentRefused_ =
-        !store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(currentPattern_), store_.OwnIniFile());
+    store_.IniSetString(kProgramSection, L"CurrUser", DecimalText(currentPattern_), store_.OwnIniFile());
 }
 
 void MainSettings::WritePatternNumbers() {
@@ -145,23 +143,52 @@ void MainSettings::Save() {
     launcher_.NotifyLauncher();
 }
 
-void MainSettings::SaveButton(int button, const ButtonSlot& slot) {
-    // A button that is stored in the same place would write its former settings over these.
-    const int place = StorageSlot(button);
-    for (int other = 1; other <= switches_.ButtonCount(); ++other) {
-        if (StorageSlot(other) == place) {
-            SetSlot(other, slot);
-        }
+bool MainSettings::Ok(const AskToSave& ask) {
+    WritePatternNumbers();
+    const SaveAnswer answer = AnythingChanged() ? ask() : SaveAnswer::No;
+    if (answer == SaveAnswer::Yes) {
+        Save();
     }
+    return answer != SaveAnswer::Cancel;
+}
+
+void MainSettings::Apply() {
+    WritePatternNumbers();
+    Save();
+}
+
+void MainSettings::SaveButton(int button, const ButtonSlot& slot) {
+    if (button < 1 || button > kMaxButtons) {
+        return;
+    }
+    StoreButton(button, slot);
+    launcher_.NotifyLauncher();
+}
+
+void MainSettings::SaveLoneButton(const StartUp& startUp, const ButtonSlot& slot,
+                                  const std::function<void()>& stored) {
+    StoreButton(patterns_->StorageSlot(startUp.WizardButton + 1), slot);
+    stored();
+    launcher_.NotifyLauncher();
+    launcher_.PostButtonToLauncher(startUp);
+}
+
+void MainSettings::StoreButton(int button, const ButtonSlot& slot) {
     SetSlot(button, slot);
     StorePattern();
     WritePatternNumbers();
     StoreOnScreen();
-    launcher_.NotifyLauncher();
 }
 
-void MainSettings::SwitchPattern(int number, bool saveOld, const std::function<void()>& loaded) {
-    if (saveOld) {
+void MainSettings::SwitchPattern(int number, const AskToSave& ask, const std::function<void()>& loaded) {
+    if (number < 1 || number > static_cast<int>(patternNames_.size()) || number == currentPattern_) {
+        return;
+    }
+    const SaveAnswer answer = PatternChanged() ? ask() : SaveAnswer::No;
+    if (answer == SaveAnswer::Cancel) {
+        return;
+    }
+    if (answer == SaveAnswer::Yes) {
         patterns_->SavePattern(currentPattern_, working_);
     }
     currentPattern_ = number;

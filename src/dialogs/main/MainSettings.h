@@ -14,13 +14,17 @@ class FaceMatcher;
 class LauncherNotification;
 class PatternList;
 class RegIniFunc;
+class StartUp;
 
 /// Pages of the main dialog, as "/t:" numbers them.
 enum class MainPage { Desktop = 0, Notebook = 1, OnScreen = 2 };
 
+/// The user's answer to the question whether to save.
+enum class SaveAnswer { Yes, No, Cancel };
+using AskToSave = std::function<SaveAnswer()>;
+
 /// What the main dialog edits: a working copy of the current Pattern and of the on-screen settings, beside
-/// the copies that were last loaded or saved. Only saving, switching and WritePatternNumbers touch the store;
-/// around the pattern manager, what it refused is written again.
+/// the copies that were last loaded or saved. A write that the store refuses is ignored.
 class MainSettings {
 public:
     MainSettings(RegIniFunc& store, LauncherNotification& launcher, const FaceMatcher& fonts);
@@ -42,9 +46,16 @@ public:
     /// The picture that was chosen for the button when its settings last came from somewhere else.
     [[nodiscard]] ButtonPicture PictureOf(int button) const { return pictures_(button); }
 
+    /// Buttons (1...8) that the maker stores in the same place as this one. They are set alike, or the last of them
+    /// would be stored over the others.
+    [[nodiscard]] std::vector<int> ButtonsStoredWith(int button) const;
+
     /// Takes the text as it is.
-    void SetButtonName(int button, const std::wstring& name) { working_.Btn(button).Name = name; }
-    /// The button's settings as another dialog has edited them. Nothing is saved.
+    void SetButtonName(int button, const std::wstring& name);
+    /// Whether a name box with this text shows the button's name. A name that is saved empty is stored as a blank; its
+    /// box stays empty.
+    [[nodiscard]] bool IsNameShown(int button, const std::wstring& boxText) const;
+    /// The button's settings as another dialog leaves them, changed or not: its picture is chosen anew. Nothing is saved.
     void SetSlot(int button, const ButtonSlot& slot);
     void SetOnScreen(const OnScreenSettings& settings) { onScreen_ = settings; }
 
@@ -54,44 +65,44 @@ public:
     [[nodiscard]] bool PatternChanged() const;
     [[nodiscard]] bool AnythingChanged() const;
 
-    /// Writes "CurrUser" and "NumUser".
-    void WritePatternNumbers();
+    /// OK: writes "CurrUser" and "NumUser"; then, if anything has changed, asks and saves. False: the dialog stays.
+    [[nodiscard]] bool Ok(const AskToSave& ask);
 
-    /// Saves the Pattern and the on-screen settings and tells the launcher. Button names become what the ANSI
-    /// code page can store of them.
-    void Save();
+    /// Writes "CurrUser" and "NumUser", saves the Pattern and the on-screen settings and tells the launcher. Button
+    /// names become what the ANSI code page can store of them.
+    void Apply();
 
-    /// Stores a button's settings at once, with all that was edited before, and tells the launcher.
+    /// Stores a button's settings at once, with all that was edited before, and tells the launcher. Nothing happens to
+    /// a number that is no button's.
     void SaveButton(int button, const ButtonSlot& slot);
+    /// The same for the wizard that runs alone: its button goes by the number of the place where it is stored, and the
+    /// launcher may be asked for it. `stored` is called before the launcher is told, which may take a while.
+    void SaveLoneButton(
+        const StartUp& startUp, const ButtonSlot& slot, const std::function<void()>& stored = [] {});
 
-    /// The number (1...8) under which a button is stored.
-    [[nodiscard]] int StorageSlot(int button) const { return patterns_->StorageSlot(button); }
     [[nodiscard]] const Pattern& Defaults() const { return defaults_; }
 
-    /// Makes another Pattern (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
-    /// launcher told. `saveOld` saves the working Pattern first; otherwise its changes are gone. `loaded` is
-    /// called before the launcher is told, which may take a while.
+    /// Makes another Pattern of the list (1-based) current at once: "CurrUser" is written, the Pattern loaded, the
+    /// launcher told. Asks first whether to save what has changed of the old one. `loaded` is called before the
+    /// launcher is told, which may take a while.
     void SwitchPattern(
-        int number, bool saveOld, const std::function<void()>& loaded = [] {});
+        int number, const AskToSave& ask, const std::function<void()>& loaded = [] {});
 
-    /// The list for the pattern manager, still to be loaded. The current number is written again if the store refused
-    /// it: the manager believes the store.
-    [[nodiscard]] PatternList PatternsToManage();
-
-    /// Reads what the pattern manager may have changed: the numbers, the names, and the working Pattern's
-    /// name. Unsaved edits stay. But the whole Pattern is read when the store refused a part of what the manager
-    /// did, and the current number has come to mean another one, over which the edits would be saved. True then.
-    bool ReloadPatternList(PatternList& managed);
+    /// Lets the pattern manager work on the stored Patterns, then reads the numbers and names again. Unsaved edits
+    /// stay when the stored current Pattern still is the one they were made in. Otherwise that one is loaded: edits of
+    /// one Pattern never go over another.
+    void ManagePatterns(const std::function<void(PatternList&)>& manage);
 
 private:
     void LoadPatternNames();
     void WriteCurrentNumber();
-    /// Whether the manager changed nothing of the current Pattern, or left nothing in its place.
-    [[nodiscard]] bool IsAsBefore(const PatternList& managed, int formerNumber) const;
+    void WritePatternNumbers();
     void LoadCurrentPattern();
     void ChoosePicture(int button);
     void StorePattern();
     void StoreOnScreen();
+    void StoreButton(int button, const ButtonSlot& slot);
+    void Save();
 
     RegIniFunc& store_;
     LauncherNotification& launcher_;
@@ -100,7 +111,6 @@ private:
     MakerSwitches switches_;
     std::optional<PatternStore> patterns_; ///< from Load on
     int currentPattern_ = 1;
-    bool currentRefused_ = false; ///< the store has another number
     std::vector<std::wstring> patternNames_;
     Pattern defaults_;
     Pattern working_;

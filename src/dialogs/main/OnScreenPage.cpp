@@ -37,7 +37,7 @@ void OnScreenPage::FillLists() {
     }
     const HWND sizes = form_.Control(IDC_cmbFontSize);
     for (int step = kSmallestFontStep; step <= kLargestFontStep; ++step) {
-        ComboAdd(sizes, texts_.ResText(kTextFontStep1 + step - kSmallestFontStep), step);
+        ComboAdd(sizes, texts_.ResText(kTextFontStep1 + step - kSmallestFontStep));
     }
 }
 
@@ -53,7 +53,7 @@ void OnScreenPage::Refresh() {
 void OnScreenPage::EnableChoices() {
     const BOOL enabled = settings_.OnScreen().OnScreen != 0 ? TRUE : FALSE;
     for (const int id : {IDC_lblFontName, IDC_cmbFontName, IDC_lblFontSize, IDC_cmbFontSize, IDC_lblFontColor,
-                         IDC_CmdFontColor}) {
+                         IDC_CmdFontColor, IDC_lblPreview, IDC_picPreview}) {
         EnableWindow(form_.Control(id), enabled);
     }
 }
@@ -92,7 +92,7 @@ void OnScreenPage::OnChoice(HWND combo, int id, int notification) {
     if (id == IDC_cmbFontName && static_cast<std::size_t>(entry) < fonts_.Faces().size()) {
         settings.FontName = fonts_.Faces()[static_cast<std::size_t>(entry)];
     } else if (id == IDC_cmbFontSize && entry <= kLargestFontStep - kSmallestFontStep) {
-        settings.FontSize = static_cast<std::uint8_t>(ComboData(combo, entry));
+        settings.FontSize = static_cast<std::uint8_t>(kSmallestFontStep + entry);
     }
     settings_.SetOnScreen(settings);
     RefreshPreview();
@@ -108,12 +108,15 @@ void OnScreenPage::ChooseTextColor() {
     OnScreenSettings settings = settings_.OnScreen();
     CHOOSECOLORW choice{};
     choice.lStructSize = sizeof choice;
-    choice.hwndOwner = form_.Window();
     choice.rgbResult = TextColor(settings);
     choice.lpCustColors = customColors_.data();
     choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
-    const auto chooseColor = SystemProcedure<BOOL WINAPI(CHOOSECOLORW*)>(L"comdlg32.dll", "ChooseColorW");
-    if (chooseColor != nullptr && form_.WhileAsking([&] { return chooseColor(&choice); }) != FALSE) {
+    const auto chooseColor = SystemProcedure<decltype(ChooseColorW)>(L"comdlg32.dll", "ChooseColorW");
+    const auto choose = [&](HWND owner) {
+        choice.hwndOwner = owner;
+        return chooseColor(&choice);
+    };
+    if (chooseColor != nullptr && form_.RunOver(choose) != FALSE) {
         settings.Color = static_cast<std::int32_t>(choice.rgbResult);
         settings_.SetOnScreen(settings);
         RefreshPreview();
@@ -137,9 +140,10 @@ void OnScreenPage::DrawPreview(const DRAWITEMSTRUCT& item) const {
     const int saved = SaveDC(item.hDC);
     SelectObject(item.hDC, font.get());
     RECT area = item.rcItem;
-    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_DESKTOP));
+    const bool off = (item.itemState & ODS_DISABLED) != 0;
+    FillRect(item.hDC, &area, GetSysColorBrush(off ? COLOR_3DFACE : COLOR_DESKTOP));
     SetBkMode(item.hDC, TRANSPARENT);
-    SetTextColor(item.hDC, TextColor(settings));
+    SetTextColor(item.hDC, off ? GetSysColor(COLOR_GRAYTEXT) : TextColor(settings));
     DrawTextW(item.hDC, TextOf(item.hwndItem).c_str(), -1, &area,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     RestoreDC(item.hDC, saved);

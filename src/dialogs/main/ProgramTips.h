@@ -1,25 +1,17 @@
 #pragma once
 
 #include "settings/Pattern.h"
-#include "settings/RegIniFunc.h"
 #include "ui/ToolTip.h"
 
 #include <windows.h>
 
-#include <map>
-#include <memory>
-
+class RegIniFunc;
 struct Platform;
 
-/// Tips that name what a button starts. A name may have to be asked from a server that doesn't answer, so
-/// another thread does it.
+/// Tips that name what a button starts.
 class ProgramTips {
 public:
-    /// Where an answer is told: a message to the form.
-    ProgramTips(const Platform& platform, const RegIniFunc& store, UINT answerMessage);
-    ~ProgramTips();
-    ProgramTips(const ProgramTips&) = delete;
-    ProgramTips& operator=(const ProgramTips&) = delete;
+    ProgramTips(const Platform& platform, const RegIniFunc& store) : platform_(platform), store_(store) {}
 
     struct Look {
         HFONT font;
@@ -31,19 +23,12 @@ public:
     void Leave(HWND picture);
     /// The form's font goes.
     void Forget();
-    /// The message has come.
-    void OnAnswer();
     void Relay(const MSG& message) { tip_.Relay(message); }
 
 private:
-    struct Question;
-
     const Platform& platform_;
     const RegIniFunc& store_;
-    UINT answerMessage_;
     ToolTip tip_;
-    std::map<HWND, std::shared_ptr<Question>> questions_; ///< the last one about each picture
-    HWND form_ = nullptr;
-    HWND entered_ = nullptr;
-    Look look_{};
+    HWND entered_ = nullptr; ///< a picture
+    ButtonSlot told_;        ///< its settings
 };

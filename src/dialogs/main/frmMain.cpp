@@ -1,16 +1,20 @@
 #include "dialogs/main/frmMain.h"
 
 #include "app/Help.h"
+#include "app/StringTable.h"
 #include "dialogs/main/ButtonDescription.h"
+#include "dialogs/main/EnumFont.h"
 #include "dialogs/patterns/PatternList.h"
 #include "dialogs/patterns/frmManager.h"
 #include "dialogs/register/frmSetAp.h"
 #include "dialogs/wizard/WizardButtons.h"
 #include "dialogs/wizard/frmWizard.h"
+#include "platform/InstanceGuard.h"
 #include "platform/Platform.h"
 #include "print/PrintCommand.h"
 #include "resources/resource.h"
 #include "settings/GlobalValue.h"
+#include "settings/RegIniFunc.h"
 #include "ui/Controls.h"
 
 #include <commctrl.h>
@@ -21,12 +25,6 @@
 namespace {
 
 constexpr UINT kSwitchPatternMessage = WM_APP + 1;
-constexpr UINT kProgramNamesMessage = WM_APP + 2;
-
-StringTable TextsWithGlobalsReset(const StringSource& strings) {
-    ResetGlobals(strings);
-    return StringTable(strings);
-}
 
 bool IsOneOf(int id, int first, int count) {
     return id >= first && id < first + count;
@@ -34,11 +32,14 @@ bool IsOneOf(int id, int first, int count) {
 
 } // namespace
 
-frmMain::frmMain(const Platform& platform)
-    : platform_(platform), texts_(TextsWithGlobalsReset(platform.strings)),
-      store_(platform.registry, platform.profileFiles, platform.ansiText, Globals().IniFileName),
-      fonts_(Globals().DialogFontName), launcher_(platform.windows), settings_(store_, launcher_, fonts_),
-      onScreenPage_(*this, settings_, fonts_, texts_), tips_(platform, store_, kProgramNamesMessage) {}
+frmMain::frmMain(const Platform& platform, const StringTable& texts, RegIniFunc& store, FontList& fonts,
+                 MainSettings& settings)
+    : platform_(platform), texts_(texts), store_(store), fonts_(fonts), settings_(settings),
+      onScreenPage_(*this, settings, fonts, texts), tips_(platform, store) {}
+
+bool frmMain::IniFileExist() const {
+    return store_.IniFileExist;
+}
 
 bool frmMain::Load(std::wstring_view commandLine) {
     if (!startUp_.ParseCommandLine(commandLine, store_, platform_.instanceGuard, platform_.windows, texts_)) {
@@ -50,7 +51,7 @@ bool frmMain::Load(std::wstring_view commandLine) {
         RunWizardAlone();
         return false;
     }
-    return CreateHidden(nullptr, Globals().DialogFontName);
+    return CreateHidden(Globals().DialogFontName);
 }
 
 void frmMain::Show() {
@@ -67,6 +68,7 @@ void frmMain::Show() {
 }
 
 void frmMain::OnDestroy() {
+    platform_.instanceGuard.GiveUp();
     PostQuitMessage(0);
 }
 
@@ -140,21 +142,9 @@ void frmMain::SelectCurrentPattern() {
     }
 }
 
-void frmMain::ShowCurrentPattern() {
-    SelectCurrentPattern();
+void frmMain::ShowButtons() {
     for (const PlacedPicture& placed : pictures_) {
         ShowButton(placed.button);
-    }
-}
-
-void frmMain::ShowSavedNames() {
-    for (const PlacedPicture& placed : pictures_) {
-        const std::wstring& name = settings_.Slot(placed.button).Name;
-        const bool savedEmpty =
-            TextOf(Control(IDC_txtButtonName0 + placed.button - 1)).empty() && name == L" ";
-        if (!savedEmpty) {
-            ShowButton(placed.button);
-        }
     }
 }
 
@@ -163,7 +153,7 @@ void frmMain::ShowButton(int button) {
         return; // its page was never shown, or shows fewer buttons
     }
     const HWND box = Control(IDC_txtButtonName0 + button - 1);
-    if (TextOf(box) != settings_.Slot(button).Name) { // else the caret would move
+    if (!settings_.IsNameShown(button, TextOf(box))) { // else the caret would move
         const ScopedFlag filling(filling_);
         SetTextOf(box, settings_.Slot(button).Name);
     }
@@ -235,7 +225,11 @@ void frmMain::OnCommand(int id, int notification) {
     }
     if (IsOneOf(id, IDC_txtButtonName0, kMaxButtons)) {
         if (notification == EN_CHANGE && !filling_) {
-            settings_.SetButtonName(id - IDC_txtButtonName0 + 1, TextOf(Control(id)));
+            const int button = id - IDC_txtButtonName0 + 1;
+            settings_.SetButtonName(button, TextOf(Control(id)));
+            for (const int alike : settings_.ButtonsStoredWith(button)) {
+                ShowButton(alike);
+            }
         }
         return;
     }
@@ -243,7 +237,7 @@ void frmMain::OnCommand(int id, int notification) {
         ChoosePattern(id, notification);
         return;
     }
-    if (notification != BN_CLICKED) {
+    if (notification != BN_CLICKED || saving_) {
         return;
     }
     if (IsOneOf(id, IDC_picButton0, kMaxButtons)) {
@@ -273,9 +267,7 @@ void frmMain::OnCommand(int id, int notification) {
         Apply();
         break;
     case IDC_cmdPrint:
-        if (!saving_) {
-            PrintPattern(*this, store_, texts_, Globals().IniFileName);
-        }
+        PrintPattern(*this, store_, texts_, Globals().IniFileName);
         break;
     case IDC_cmdHelp:
         Help(Window());
@@ -297,38 +289,26 @@ void frmMain::ChoosePattern(int box, int notification) {
 }
 
 bool frmMain::OnPrivateMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    if (message == kProgramNamesMessage) {
-        tips_.OnAnswer();
-        return true;
-    }
     if (message != kSwitchPatternMessage) {
         return false;
     }
     switchPending_ = false;
     const auto box = static_cast<int>(wParam);
-    if (!IsOneOf(box, IDC_cmbUserName0, 2) || !HasControl(box) || IsAsking()) {
-        return true;
-    }
-    const int number = ComboSelection(Control(box)) + 1;
-    const auto count = static_cast<int>(settings_.PatternNames().size());
-    if (number >= 1 && number <= count && number != settings_.CurrentPattern()) {
-        SwitchToChosenPattern(number);
+    if (IsOneOf(box, IDC_cmbUserName0, 2) && HasControl(box) && !IsAsking()) {
+        SwitchToChosenPattern(ComboSelection(Control(box)) + 1);
     }
     return true;
 }
 
 void frmMain::SwitchToChosenPattern(int number) {
-    const int answer = settings_.PatternChanged() ? AskToSave() : IDNO;
-    if (answer == IDYES || answer == IDNO) {
-        SaveWith([&] { settings_.SwitchPattern(number, answer == IDYES, [this] { ShowCurrentPattern(); }); });
-    }
+    WhileSaving([&] {
+        settings_.SwitchPattern(
+            number, [this] { return AskToSave(); }, [this] { ShowButtons(); });
+    });
     SelectCurrentPattern();
 }
 
-template <class Operation> void frmMain::SaveWith(Operation operation) {
-    if (saving_) {
-        return;
-    }
+template <class Operation> void frmMain::WhileSaving(Operation operation) {
     const WaitCursor cursor;
     const ScopedFlag saving(saving_);
     operation();
@@ -340,9 +320,12 @@ void frmMain::OnClose() {
     }
 }
 
-int frmMain::AskToSave() {
-    return Ask(texts_.ResText(kTextSettingsChanged), texts_.ResText(kTextUpdateUserData),
-               MB_YESNOCANCEL | MB_ICONQUESTION);
+SaveAnswer frmMain::AskToSave() {
+    const HCURSOR busy = SetCursor(LoadCursorW(nullptr, IDC_ARROW)); // it is the user who takes time now
+    const int answer = Ask(texts_.ResText(kTextSettingsChanged), texts_.ResText(kTextUpdateUserData),
+                           MB_YESNOCANCEL | MB_ICONQUESTION);
+    SetCursor(busy);
+    return answer == IDYES ? SaveAnswer::Yes : answer == IDNO ? SaveAnswer::No : SaveAnswer::Cancel;
 }
 
 void frmMain::RestoreDefaults(MainPage page) {
@@ -350,109 +333,61 @@ void frmMain::RestoreDefaults(MainPage page) {
     if (page == MainPage::OnScreen) {
         onScreenPage_.Refresh();
     }
-    for (const int button : settings_.ButtonsOf(page)) {
-        ShowButton(button);
-    }
+    ShowButtons();
 }
 
 void frmMain::ManagePatterns() {
-    if (saving_) {
-        return;
-    }
-    PatternList patterns = settings_.PatternsToManage();
-    frmManager manager(Window(), patterns, texts_, platform_.ansiText);
-    WhileAsking([&] {
-        manager.ShowModal();
-        return true;
+    settings_.ManagePatterns([this](PatternList& patterns) {
+        frmManager(*this, patterns, texts_, platform_.ansiText).ShowModal();
     });
-    const bool anotherPattern = settings_.ReloadPatternList(patterns);
     for (int box = IDC_cmbUserName0; box <= IDC_cmbUserName1; ++box) {
         if (HasControl(box)) {
             FillPatternBox(Control(box));
         }
     }
-    if (anotherPattern) {
-        ShowCurrentPattern();
-    }
+    ShowButtons();
 }
 
 void frmMain::EditButton(int button) {
-    if (saving_) {
-        return;
-    }
     editedButton_ = button;
     ShowPictures({button});
     Globals().EditedButtonSlot = settings_.Slot(button);
-    {
-        frmSetAp dialog(Window(), platform_, store_, texts_);
-        WhileAsking([&] {
-            dialog.ShowModal();
-            return true;
-        });
-        dialog.UnloadForm();
-    }
-    const bool changed = Globals().EditedButtonSlot != settings_.Slot(button);
+    frmSetAp(*this, platform_, store_, texts_).ShowModal();
+    settings_.SetSlot(button, Globals().EditedButtonSlot);
     editedButton_ = 0;
-    if (changed) {
-        settings_.SetSlot(button, Globals().EditedButtonSlot);
-        ShowButton(button);
-    } else {
-        ShowPictures({button});
-    }
+    ShowButtons();
 }
 
 void frmMain::RunWizard(MainPage page) {
-    if (saving_) {
-        return;
-    }
-    frmWizard wizard(Window(), platform_, store_, texts_, settings_.Defaults());
+    frmWizard wizard(this, platform_, store_, texts_, settings_.Defaults());
     wizard.QLBeyCount(WizardButtonSet(page == MainPage::Desktop, settings_.Switches().NTNumAPBtn));
-    WhileAsking([&] {
-        wizard.ShowModal();
-        return true;
-    });
-    const int button = wizard.ButtonIndex() + 1;
-    if (wizard.ReturnStatus() == kWizardFinished && button <= kMaxButtons) {
-        SaveWith([&] { settings_.SaveButton(button, Globals().EditedButtonSlot); });
-        ShowButton(button);
-        ShowSavedNames();
+    wizard.ShowModal();
+    if (wizard.ReturnStatus() == kWizardFinished) {
+        WhileSaving([&] { settings_.SaveButton(wizard.ButtonIndex() + 1, Globals().EditedButtonSlot); });
+        ShowButtons();
     }
-    wizard.UnloadForm();
 }
 
 void frmMain::RunWizardAlone() {
     frmWizard wizard(nullptr, platform_, store_, texts_, settings_.Defaults());
     wizard.ShowModal();
     if (wizard.ReturnStatus() == kWizardFinished) {
-        settings_.SaveButton(settings_.StorageSlot(startUp_.WizardButton + 1), Globals().EditedButtonSlot);
-        launcher_.PostButtonToLauncher(startUp_);
+        settings_.SaveLoneButton(startUp_, Globals().EditedButtonSlot,
+                                 [this] { platform_.instanceGuard.GiveUp(); });
     }
-    wizard.UnloadForm();
 }
 
 void frmMain::Ok() {
-    if (saving_) {
-        return;
+    bool closes = false;
+    WhileSaving([&] { closes = settings_.Ok([this] { return AskToSave(); }); });
+    if (closes) {
+        Close();
     }
-    settings_.WritePatternNumbers();
-    if (settings_.AnythingChanged()) {
-        const int answer = AskToSave();
-        if (answer != IDYES && answer != IDNO) {
-            return;
-        }
-        if (answer == IDYES) {
-            SaveWith([this] { settings_.Save(); });
-        }
-    }
-    Close();
 }
 
 void frmMain::Apply() {
-    SaveWith([this] {
-        settings_.WritePatternNumbers();
-        settings_.Save();
-    });
-    ShowSavedNames();
+    WhileSaving([this] { settings_.Apply(); });
+    ShowButtons();
 }
 
 bool frmMain::HasHelp() const {

@@ -1,14 +1,10 @@
 #pragma once
 
 #include "app/CommandLine.h"
-#include "app/LauncherNotification.h"
-#include "app/StringTable.h"
 #include "dialogs/main/ButtonPictures.h"
-#include "dialogs/main/EnumFont.h"
 #include "dialogs/main/MainSettings.h"
 #include "dialogs/main/OnScreenPage.h"
 #include "dialogs/main/ProgramTips.h"
-#include "settings/RegIniFunc.h"
 #include "ui/Form.h"
 #include "ui/PictureButton.h"
 #include "ui/PictureList.h"
@@ -18,19 +14,23 @@
 #include <string_view>
 #include <vector>
 
+class FontList;
+class RegIniFunc;
+class StringTable;
 struct Platform;
 
 /// The settings dialog: button pages and the on-screen page.
 class frmMain final : public Form {
 public:
-    explicit frmMain(const Platform& platform);
+    frmMain(const Platform& platform, const StringTable& texts, RegIniFunc& store, FontList& fonts,
+            MainSettings& settings);
 
     /// Start-up, and the hidden window. False: the program ends without a word.
     [[nodiscard]] bool Load(std::wstring_view commandLine);
     void Show();
 
     /// The back end of the settings store: true for the ini file.
-    [[nodiscard]] bool IniFileExist() const { return store_.IniFileExist; }
+    [[nodiscard]] bool IniFileExist() const;
 
 protected:
     void OnCreate() override;
@@ -72,10 +72,9 @@ private:
     void PlacePictures();
 
     void FillPatternBox(HWND box);
-    void ShowCurrentPattern();
     void SelectCurrentPattern();
-    void ShowSavedNames();
     void ShowButton(int button);
+    void ShowButtons();
     void ShowPictures(const std::vector<int>& buttons);
     void EnterPicture(int button);
     void LeavePicture(int button);
@@ -85,8 +84,8 @@ private:
     void ChoosePattern(int box, int notification);
     void SwitchToChosenPattern(int number);
     void RestoreDefaults(MainPage page);
-    int AskToSave();
-    template <class Operation> void SaveWith(Operation operation);
+    SaveAnswer AskToSave();
+    template <class Operation> void WhileSaving(Operation operation);
     void ManagePatterns();
     void EditButton(int button);
     void RunWizard(MainPage page);
@@ -98,11 +97,10 @@ private:
     [[nodiscard]] bool HasHelp() const;
 
     const Platform& platform_;
-    StringTable texts_;
-    RegIniFunc store_;
-    FontList fonts_;
-    LauncherNotification launcher_;
-    MainSettings settings_;
+    const StringTable& texts_;
+    RegIniFunc& store_;
+    FontList& fonts_;
+    MainSettings& settings_;
     StartUp startUp_;
     OnScreenPage onScreenPage_;
 
@@ -117,5 +115,5 @@ private:
     int editedButton_ = 0; ///< 1...8 while its dialog is open: its picture stays pressed
     bool filling_ = false; ///< the form itself changes its controls
     bool switchPending_ = false;
-    bool saving_ = false; ///< the launcher is being told; another program's message must not start it again
+    bool saving_ = false; ///< while the launcher is told, another program's messages come through
 };

@@ -1,5 +1,6 @@
 // How the main dialog is put together: its controls and where they stand.
 
+#include "app/StringTable.h"
 #include "dialogs/main/ButtonLabels.h"
 #include "dialogs/main/frmMain.h"
 #include "resources/resource.h"
@@ -8,6 +9,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <bit>
 
 namespace {
@@ -17,8 +19,6 @@ constexpr int kMargin = 7;
 constexpr int kGap = 4;
 constexpr int kButtonHeight = 14;
 constexpr int kLabelHeight = 8;
-constexpr int kLabelDrop = 3; ///< brings a label to the text line of the box beside it
-constexpr int kComboDropHeight = 130;
 
 constexpr int kColumnWidth = 60;
 constexpr int kFrameInset = 4;
@@ -28,7 +28,7 @@ constexpr int kPageButtonWidth = 92;
 
 constexpr int kFrameTop = kMargin + kButtonHeight + kGap;
 constexpr int kPictureHeight = 36; ///< of its cell; the picture itself has whole pixels
-constexpr int kRowFrameHeight = 82;
+constexpr int kRowFrameHeight = 80;
 constexpr int kColumnRowHeight = 42;
 
 constexpr int kDialogButtonWidth = 54;
@@ -36,9 +36,14 @@ constexpr int kDialogButtonWidth = 54;
 constexpr DWORD kTabStop = WS_TABSTOP;
 constexpr DWORD kGroup = WS_GROUP; ///< arrow keys stay within the control
 
+/// Of the fuller page, and never less than the on-screen page's preview needs.
 int FrameHeight(const MakerSwitches& switches) {
-    return switches.NR1t2 == 1 ? switches.DesktopButtonCount() * kColumnRowHeight + 2 * kFrameInset
-                               : kRowFrameHeight;
+    if (switches.NR1t2 != 1) {
+        return kRowFrameHeight;
+    }
+    const int notebookKeys = switches.ShowNTTab ? switches.ButtonCount() - kDesktopButtons : 0;
+    const int buttons = std::max(switches.DesktopButtonCount(), notebookKeys);
+    return std::max(buttons * kColumnRowHeight + 2 * kFrameInset, kRowFrameHeight);
 }
 
 /// Where one button's parts stand on its page.
@@ -69,8 +74,8 @@ ButtonPlaces PlaceInColumn(int index) {
     const int labelLeft = left + kPictureHeight + 2 * kGap;
     const int nameLeft = labelLeft + kLabelWidth;
     return {{left + kPictureHeight / 2, middle},
-            {labelLeft, middle - kLabelHeight / 2, kLabelWidth - kGap, kLabelHeight},
-            SS_LEFT,
+            {labelLeft, middle - kButtonHeight / 2, kLabelWidth - kGap, kButtonHeight},
+            SS_LEFT | SS_CENTERIMAGE,
             {nameLeft, middle - kButtonHeight / 2, kMargin + kContentWidth - kFrameInset - kGap - nameLeft,
              kButtonHeight}};
 }
@@ -130,13 +135,13 @@ void frmMain::CreateButtonPage(HWND page, MainPage kind) {
     AddControl(page,
                {IDC_lblUserName0 + index,
                 WC_STATICW,
-                SS_LEFT,
-                {kMargin, kMargin + kLabelDrop, kNameLabelWidth - kGap, kLabelHeight}},
+                SS_LEFT | SS_CENTERIMAGE,
+                {kMargin, kMargin, kNameLabelWidth - kGap, kButtonHeight}},
                texts_.ResText(kTextPatternName));
     AddControl(page, {IDC_cmbUserName0 + index,
                       WC_COMBOBOXW,
                       CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
-                      {comboLeft, kMargin, managerLeft - kGap - comboLeft, kComboDropHeight}});
+                      {comboLeft, kMargin, managerLeft - kGap - comboLeft, kButtonHeight}});
     AddPageButton(page, IDC_cmdUserManager0 + index, kTextSettingManager,
                   {managerLeft, kMargin, kPageButtonWidth, kButtonHeight}, true);
 
@@ -218,12 +223,12 @@ void frmMain::CreateOnScreenPage(HWND page) {
     AddControl(page, {IDC_cmbFontName,
                       WC_COMBOBOXW,
                       CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
-                      {faceLeft, boxTop, kFaceWidth, kComboDropHeight}});
+                      {faceLeft, boxTop, kFaceWidth, kButtonHeight}});
     addLabel(IDC_lblFontSize, kTextSize, sizeLeft, labelTop, kSizeWidth);
     AddControl(page, {IDC_cmbFontSize,
                       WC_COMBOBOXW,
                       CBS_DROPDOWNLIST | WS_VSCROLL | kTabStop | kGroup,
-                      {sizeLeft, boxTop, kSizeWidth, kComboDropHeight}});
+                      {sizeLeft, boxTop, kSizeWidth, kButtonHeight}});
     addLabel(IDC_lblFontColor, kTextColor, colorLeft, labelTop, kSelectWidth);
     AddPageButton(page, IDC_CmdFontColor, kTextSelect, {colorLeft, boxTop, kSelectWidth, kButtonHeight},
                   true);

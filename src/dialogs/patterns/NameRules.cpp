@@ -9,8 +9,10 @@ NameProblem CheckPatternName(const std::wstring& name, const std::vector<std::ws
     if (name.empty()) {
         return NameProblem::Empty;
     }
-    if (std::find(usedNames.begin(), usedNames.end(), name) != usedNames.end()) {
+    const std::string stored = ansiText.Encode(name);
+    if (std::any_of(usedNames.begin(), usedNames.end(),
+                    [&](const std::wstring& used) { return ansiText.Encode(used) == stored; })) {
         return NameProblem::Used;
     }
-    return ansiText.Encode(name).size() > kLongestPatternName ? NameProblem::TooLong : NameProblem::None;
+    return stored.size() > kLongestPatternName ? NameProblem::TooLong : NameProblem::None;
 }

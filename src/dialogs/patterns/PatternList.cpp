@@ -7,30 +7,38 @@
 #include <algorithm>
 #include <utility>
 
-PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults)
-    : store_(store), patterns_(patterns), defaults_(defaults) {}
+PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults, int shown)
+    : store_(store), patterns_(patterns), defaults_(defaults), shown_(shown) {}
+
+int PatternList::StoredCount() const {
+    const int stored =
+        LeadingNumber(store_.IniGetString(kProgramSection, L"NumUser", L"1", store_.OwnIniFile()));
+    if (stored <= kMaxPatterns) {
+        return store_.ReadPatternCount();
+    }
+    int count = kMaxPatterns;
+    while (count < stored && !patterns_.LoadPatternName(count + 1, Pattern{}).empty()) {
+        ++count;
+    }
+    return count;
+}
 
 void PatternList::Load() {
-    const int count = store_.ReadPatternCount();
+    const int count = StoredCount();
     currentPattern_ = store_.ReadCurrentPatternNumber();
     if (currentPattern_ > count) {
         currentPattern_ = 1;
     }
     records_.clear();
-    asRead_.clear();
     for (int number = 1; number <= count; ++number) {
-        asRead_.push_back(patterns_.LoadPattern(number, defaults_));
-        records_.push_back({asRead_.back(), number});
+        records_.push_back(patterns_.LoadPattern(number, defaults_));
     }
-    refusedSections_.clear();
-    currentRefused_ = false;
-    countRefused_ = false;
 }
 
 std::vector<std::wstring> PatternList::Names() const {
     std::vector<std::wstring> names;
-    for (const Record& record : records_) {
-        names.push_back(record.pattern.UserName);
+    for (const Pattern& record : records_) {
+        names.push_back(record.UserName);
     }
     return names;
 }
@@ -40,110 +48,57 @@ void PatternList::Add(const std::wstring& name) {
 }
 
 void PatternList::Copy(int index, const std::wstring& name) {
-    Append(At(index).pattern, name);
+    Append(At(index), name);
 }
 
 void PatternList::Append(Pattern pattern, const std::wstring& name) {
     if (!CanAdd()) {
         return;
     }
-    WriteRefused();
-    pattern.UserName = name;
-    records_.push_back({std::move(pattern)});
-    WriteCount();
-    Save(Count() - 1);
+    records_.push_back(std::move(pattern));
+    if (shown_ == Count()) {
+        shown_ = 0;
+    }
+    WriteNumber(L"NumUser", Count());
+    SaveRenamed(Count() - 1, name);
 }
 
 void PatternList::Rename(int index, const std::wstring& name) {
-    WriteRefused();
-    At(index).pattern.UserName = name;
-    Save(index);
+    SaveRenamed(index, name);
+}
+
+void PatternList::SaveRenamed(int index, const std::wstring& name) {
+    At(index).UserName = name;
+    patterns_.SavePattern(index + 1, At(index));
+    At(index).UserName = patterns_.LoadPatternName(index + 1, defaults_);
 }
 
 int PatternList::Delete(int index) {
     if (!CanDelete(index)) {
         return index;
     }
-    WriteRefused();
     const int oldCount = Count();
     records_.erase(records_.begin() + index);
-    DeleteSection(oldCount);
+    if (index < shown_ && shown_ <= oldCount) {
+        shown_ = shown_ == index + 1 ? 0 : shown_ - 1;
+    }
+    store_.IniDeleteSection(PatternSection(oldCount), store_.OwnIniFile());
     if (index < currentPattern_) {
         --currentPattern_;
-        WriteCurrent();
+        WriteNumber(L"CurrUser", currentPattern_);
     }
-    WriteCount();
+    WriteNumber(L"NumUser", Count());
     for (int i = 0; i < Count(); ++i) {
-        Save(i);
+        patterns_.SavePattern(i + 1, At(i));
     }
     return std::min(index, Count() - 1);
 }
 
-void PatternList::WriteRefused() {
-    for (const int section : std::set<int>(refusedSections_)) {
-        DeleteSection(section);
-    }
-    if (currentRefused_) {
-        WriteCurrent();
-    }
-    if (countRefused_) {
-        WriteCount();
-    }
-    for (int i = 0; i < Count(); ++i) {
-        if (At(i).refused) {
-            Save(i);
-        }
-    }
+bool PatternList::IsShown(int number, const std::wstring& name) const {
+    // Nothing of the manager's goes beyond the list.
+    return number == shown_ && (number > Count() || name == Name(number - 1));
 }
 
-int PatternList::NumberOf(int former) const {
-    const auto read = static_cast<int>(asRead_.size());
-    for (int i = 0; i < Count() && former >= 1; ++i) {
-        if (At(i).former == former) {
-            return i + 1;
-        }
-    }
-    return former > read && former > Count() ? former : 0;
-}
-
-std::optional<Pattern> PatternList::AsRead(int former) const {
-    const bool was = former >= 1 && static_cast<std::size_t>(former) <= asRead_.size();
-    return was ? std::optional(asRead_[static_cast<std::size_t>(former) - 1]) : std::nullopt;
-}
-
-bool PatternList::HasRefused() const {
-    return currentRefused_ || countRefused_ || !refusedSections_.empty() ||
-           std::any_of(records_.begin(), records_.end(), [](const Record& record) { return record.refused; });
-}
-
-bool PatternList::IsFree(int number) const {
-    const int moved = NumberOf(number);
-    return moved == 0 || moved == number || !At(moved - 1).refused;
-}
-
-void PatternList::Save(int index) {
-    Record& record = At(index);
-    record.refused = !patterns_.SavePattern(index + 1, record.pattern);
-    record.pattern.UserName = store_.AsStored(record.pattern.UserName);
-    refusedSections_.erase(index + 1);
-}
-
-void PatternList::DeleteSection(int number) {
-    if (store_.IniDeleteSection(PatternSection(number), store_.OwnIniFile())) {
-        refusedSections_.erase(number);
-    } else {
-        refusedSections_.insert(number);
-    }
-}
-
-void PatternList::WriteCurrent() {
-    currentRefused_ = !WriteNumber(L"CurrUser", currentPattern_);
-}
-
-void PatternList::WriteCount() {
-    countRefused_ = !WriteNumber(L"NumUser", Count());
-}
-
-bool PatternList::WriteNumber(const wchar_t* key, int number) {
-    return store_.IniSetString(kProgramSection, key, DecimalText(number), store_.OwnIniFile());
+void PatternList::WriteNumber(const wchar_t* key, int number) {
+    store_.IniSetString(kProgramSection, key, DecimalText(number), store_.OwnIniFile());
 }

@@ -2,8 +2,6 @@
 
 #include "settings/Pattern.h"
 
-#include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -11,19 +9,20 @@ class PatternStore;
 class RegIniFunc;
 
 /// The user's Patterns as the pattern manager works on them: each operation is in the store when it returns.
-/// Indexes are 0-based positions in the list; Pattern numbers in the store are 1-based. What the store refuses stays
-/// here and is written again, or a Pattern whose place was taken already would be gone.
+/// Indexes are 0-based positions in the list; Pattern numbers in the store are 1-based.
 class PatternList {
 public:
-    /// `patterns` and `defaults` are the main dialog's: what the two write goes to the same places.
-    PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults);
+    /// `patterns` and `defaults` are the main dialog's: what the two write goes to the same places. `shown` is the
+    /// number of the Pattern that the dialog shows.
+    PatternList(RegIniFunc& store, PatternStore& patterns, const Pattern& defaults, int shown = 0);
 
-    /// Reads the numbers and every Pattern.
+    /// Reads the numbers and every Pattern. Another program may have stored more than ten: beyond these, whatever has
+    /// a name is in the list, so that no new Pattern goes over it.
     void Load();
 
     [[nodiscard]] int Count() const { return static_cast<int>(records_.size()); }
     [[nodiscard]] int CurrentPattern() const { return currentPattern_; } ///< 1-based
-    [[nodiscard]] const std::wstring& Name(int index) const { return At(index).pattern.UserName; }
+    [[nodiscard]] const std::wstring& Name(int index) const { return At(index).UserName; }
     [[nodiscard]] std::vector<std::wstring> Names() const;
     /// Offered as the name of a new Pattern.
     [[nodiscard]] const std::wstring& DefaultName() const { return defaults_.UserName; }
@@ -34,58 +33,30 @@ public:
         return index >= 0 && index < Count() && index + 1 != currentPattern_;
     }
 
-    /// The new Pattern is the last one; nothing happens when there are ten. Names have been checked before, and
-    /// become what the store can keep of them.
+    /// The new Pattern is the last one; nothing happens when there are ten or more. Names have been checked before, and
+    /// become what the store has of them.
     void Add(const std::wstring& name);
     void Copy(int index, const std::wstring& name);
     void Rename(int index, const std::wstring& name);
     /// Later Patterns move up. Returns the index to select. Nothing happens to one that can't be deleted.
     int Delete(int index);
 
-    /// Writes again what the store has refused. Every operation begins with it; the manager's end asks for it too.
-    void WriteRefused();
-
-    /// The number now of the Pattern that was number `former` when the list was read; 0 when it was deleted. One beyond
-    /// the list keeps its number while no new Pattern has it.
-    [[nodiscard]] int NumberOf(int former) const;
-
-    /// The Pattern under this number as it was when the list was read; nothing where there was none.
-    [[nodiscard]] std::optional<Pattern> AsRead(int former) const;
-
-    /// Whether the store still lacks something that was to be written.
-    [[nodiscard]] bool HasRefused() const;
-    [[nodiscard]] bool IsCurrentRefused() const { return currentRefused_; }
-    /// Whether the list has a Pattern of this number that the store has too.
-    [[nodiscard]] bool IsStored(int number) const {
-        return number >= 1 && number <= Count() && !At(number - 1).refused;
-    }
-    /// Whether whatever else lay under this number is stored in its new place, or was deleted, so that writing over
-    /// what is left of it loses nothing.
-    [[nodiscard]] bool IsFree(int number) const;
+    /// Whether a stored Pattern is the one that the dialog shows, wherever deletions have moved that to. Its name
+    /// counts too: where the store refused to move a Pattern, another one is left under its number.
+    [[nodiscard]] bool IsShown(int number, const std::wstring& name) const;
 
 private:
-    struct Record {
-        Pattern pattern;
-        int former = 0; ///< its number when the list was read; 0 for a new one
-        bool refused = false;
-    };
-
-    [[nodiscard]] Record& At(int index) { return records_.at(static_cast<std::size_t>(index)); }
-    [[nodiscard]] const Record& At(int index) const { return records_.at(static_cast<std::size_t>(index)); }
+    [[nodiscard]] Pattern& At(int index) { return records_.at(static_cast<std::size_t>(index)); }
+    [[nodiscard]] const Pattern& At(int index) const { return records_.at(static_cast<std::size_t>(index)); }
+    [[nodiscard]] int StoredCount() const;
     void Append(Pattern pattern, const std::wstring& name);
-    void Save(int index);
-    void DeleteSection(int number);
-    void WriteCurrent();
-    void WriteCount();
-    [[nodiscard]] bool WriteNumber(const wchar_t* key, int number);
+    void SaveRenamed(int index, const std::wstring& name);
+    void WriteNumber(const wchar_t* key, int number);
 
     RegIniFunc& store_;
     PatternStore& patterns_;
     const Pattern& defaults_;
-    std::vector<Record> records_;
-    std::vector<Pattern> asRead_;
+    std::vector<Pattern> records_;
     int currentPattern_ = 1;
-    std::set<int> refusedSections_; ///< that are still there
-    bool currentRefused_ = false;
-    bool countRefused_ = false;
+    int shown_; ///< 0 once it was deleted, or a new Pattern was stored under its number
 };

@@ -33,9 +33,9 @@ int ProblemText(NameProblem problem) {
 
 } // namespace
 
-frmInputBox::frmInputBox(HWND owner, const StringTable& texts, const AnsiText& ansiText)
-    : texts_(texts), ansiText_(ansiText) {
-    CreateHidden(owner, Globals().DialogFontName);
+frmInputBox::frmInputBox(Form& owner, const StringTable& texts, const AnsiText& ansiText)
+    : ModalForm(&owner), texts_(texts), ansiText_(ansiText) {
+    CreateHidden(Globals().DialogFontName);
 }
 
 void frmInputBox::OnCreate() {
@@ -117,7 +117,7 @@ void frmInputBox::OnCommand(int id, int notification) {
 
 void frmInputBox::OnClose() {
     buttonStatus_ = kStatusCancel;
-    EndModal();
+    End();
 }
 
 void frmInputBox::Accept() {
@@ -126,7 +126,7 @@ void frmInputBox::Accept() {
         return;
     }
     buttonStatus_ = kStatusOk;
-    EndModal();
+    End();
 }
 
 bool frmInputBox::Refuse() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Form.h"
+#include "ui/ModalForm.h"
 
 #include <cstdint>
 #include <string>
@@ -14,10 +14,10 @@ inline constexpr std::int16_t kStatusOk = 1;
 inline constexpr std::int16_t kStatusCancel = 2;
 
 /// A one-line question: a Pattern's name, checked, or any text with NoCheckFlag. Created for one question:
-/// give it its texts, ShowModal, read the answer, UnloadForm.
-class frmInputBox final : public Form {
+/// give it its texts, ShowModal, read the answer.
+class frmInputBox final : public ModalForm {
 public:
-    frmInputBox(HWND owner, const StringTable& texts, const AnsiText& ansiText);
+    frmInputBox(Form& owner, const StringTable& texts, const AnsiText& ansiText);
 
     void SetUserName(const std::wstring& name) { InputText(name); }
     [[nodiscard]] const std::wstring& GetUserName() const { return userName_; }
@@ -25,7 +25,6 @@ public:
     [[nodiscard]] std::int16_t GetButtonStatus() const { return buttonStatus_; }
     /// Names that are refused as already used.
     void SetUserNameList(std::vector<std::wstring> names) { usedNames_ = std::move(names); }
-    void UnloadForm() { Close(); }
 
     /// True: any text is accepted.
     void NoCheckFlag(bool noCheck) { noCheck_ = noCheck; }
@@ -34,8 +33,6 @@ public:
     [[nodiscard]] const std::wstring& InputText() const { return userName_; }
     void InputText(const std::wstring& text);
     void InputTitle(const std::wstring& title);
-
-    void ShowModal() { RunModal(); }
 
 protected:
     void OnCreate() override;

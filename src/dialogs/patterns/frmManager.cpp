@@ -26,10 +26,10 @@ constexpr int kButtonHeight = 14;
 
 } // namespace
 
-frmManager::frmManager(HWND owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText)
-    : texts_(texts), ansiText_(ansiText), patterns_(patterns) {
+frmManager::frmManager(Form& owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText)
+    : ModalForm(&owner), texts_(texts), ansiText_(ansiText), patterns_(patterns) {
     patterns_.Load();
-    CreateHidden(owner, Globals().DialogFontName);
+    CreateHidden(Globals().DialogFontName);
 }
 
 void frmManager::OnCreate() {
@@ -130,20 +130,15 @@ void frmManager::OnCommand(int id, int notification) {
 }
 
 std::optional<std::wstring> frmManager::AskForName(int titleText, const std::wstring& initial) {
-    frmInputBox box(Window(), texts_, ansiText_);
+    frmInputBox box(*this, texts_, ansiText_);
     box.InputTitle(texts_.ResText(titleText));
     box.SetUserNameList(patterns_.Names());
     box.SetUserName(initial);
-    WhileAsking([&] {
-        box.ShowModal();
-        return true;
-    });
-    std::optional<std::wstring> name;
-    if (box.GetButtonStatus() == kStatusOk) {
-        name = box.GetUserName();
+    box.ShowModal();
+    if (box.GetButtonStatus() != kStatusOk) {
+        return std::nullopt;
     }
-    box.UnloadForm();
-    return name;
+    return box.GetUserName();
 }
 
 void frmManager::Add() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/Form.h"
+#include "ui/ModalForm.h"
 
 #include <optional>
 #include <string>
@@ -11,18 +11,15 @@ class StringTable;
 
 /// The pattern manager: adds, deletes, copies and renames Patterns. What it did is in the store when it
 /// closes.
-class frmManager final : public Form {
+class frmManager final : public ModalForm {
 public:
-    frmManager(HWND owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText);
-
-    void ShowModal() { RunModal(); }
+    frmManager(Form& owner, PatternList& patterns, const StringTable& texts, const AnsiText& ansiText);
 
 protected:
     void OnCreate() override;
     SIZE OnLayout() override;
     void OnCommand(int id, int notification) override;
     void OnListKey(int id, WORD key) override;
-    void OnClose() override { EndModal(); }
 
 private:
     void FillList(int selected);

@@ -10,13 +10,8 @@
 #include <algorithm>
 #include <utility>
 
-PickedItem PickedPath(const std::wstring& path) {
-    const std::wstring key = WithoutTrailingBackslash(path);
-    return {PickedItem::Kind::Tree, key, LastPart(key)};
-}
-
-ButtonSlotEditor::ButtonSlotEditor(ButtonSlot slot, Surroundings surroundings)
-    : surroundings_(std::move(surroundings)), slot_(std::move(slot)) {
+ButtonSlotEditor::ButtonSlotEditor(ButtonSlot slot, PickedItemServices services)
+    : services_(std::move(services)), slot_(std::move(slot)) {
     Show();
 }
 
@@ -43,24 +38,25 @@ bool ButtonSlotEditor::IsMethodLocked() const {
 void ButtonSlotEditor::Show() {
     Globals().MediaCenterPicked = false;
     if (Method() == LaunchMethod::ShortcutKey) {
-        shown_[0] = ShownKey(slot_, surroundings_.sources.ShortcutKeys());
+        shown_[0] = ShownKey(slot_, services_.sources.ShortcutKeys());
         return;
     }
-    if (Method() == LaunchMethod::Single && !slot_.Title(1).empty() && slot_.AP(2).empty()) {
+    if (Method() == LaunchMethod::Single && !slot_.Program(1).Title.empty() && slot_.Program(2).AP.empty()) {
         ShowMediaCenterItem();
         return;
     }
     for (int slot = 0; slot < kSlots; ++slot) {
-        shown_.at(Index(slot)) = ShownProgram(slot_, slot + 1, surroundings_.files);
+        shown_.at(Index(slot)) = ShownProgram(
+            slot_, slot + 1, [this](const std::wstring& path) { return IsFolder(services_.files, path); });
     }
 }
 
 void ButtonSlotEditor::ShowMediaCenterItem() {
     // Without such an item the slot stays empty: what has a title but no second program may not be taken for
     // a program of the user's choice.
-    for (const MediaCenterRow& row : surroundings_.sources.MediaCenterTable()) {
-        if (row.title == slot_.Title(1)) {
-            shown_[0] = slot_.Title(1);
+    for (const MediaCenterRow& row : services_.sources.MediaCenterTable()) {
+        if (row.title == slot_.Program(1).Title) {
+            shown_[0] = slot_.Program(1).Title;
             Globals().MediaCenterPicked = true;
             return;
         }
@@ -72,12 +68,12 @@ void ButtonSlotEditor::ChooseOption(int option) {
         if (Method() != LaunchMethod::ShortcutKey) {
             slot_.Exec = L"M";
         }
-        slot_.NumAP = slot_.AP(1).empty() ? 0 : 1;
+        slot_.NumAP = slot_.Program(1).AP.empty() ? 0 : 1;
         return;
     }
     slot_.Exec = option == 1 ? L"S" : L"P";
     std::int16_t count = 0;
-    while (count < kMaxPrograms && !slot_.AP(count + 1).empty()) {
+    while (count < kMaxPrograms && !slot_.Program(count + 1).AP.empty()) {
         ++count;
     }
     slot_.NumAP = count;
@@ -86,10 +82,8 @@ void ButtonSlotEditor::ChooseOption(int option) {
 void ButtonSlotEditor::Begin(const PickedItem& item) {
     bool& picked = Globals().MediaCenterPicked;
     pickedBefore_ = picked;
-    if (item.kind == PickedItem::Kind::MediaCenter) {
-        picked = true;
-    } else if (item.kind == PickedItem::Kind::ShortcutKey) {
-        picked = false;
+    if (IsList(item.source)) {
+        picked = item.source == ProgramSource::MediaCenter;
     }
 }
 
@@ -97,9 +91,8 @@ void ButtonSlotEditor::Cancel() const {
     Globals().MediaCenterPicked = pickedBefore_;
 }
 
-bool ButtonSlotEditor::CanDrag(const PickedItem& item) const {
-    return item.kind != PickedItem::Kind::None &&
-           (item.kind != PickedItem::Kind::Tree || item.key != surroundings_.myComputer);
+bool ButtonSlotEditor::CanDrag(const PickedItem& item) {
+    return item.source != ProgramSource::AllFiles || !item.root;
 }
 
 void ButtonSlotEditor::ReleaseMethod() {
@@ -119,8 +112,7 @@ void ButtonSlotEditor::Drop(int slot, const PickedItem& item) {
 }
 
 int ButtonSlotEditor::DropTarget(int slot, const PickedItem& item) const {
-    const bool alwaysFirst = item.kind != PickedItem::Kind::Tree;
-    return alwaysFirst ? 0 : std::min<int>(slot, slot_.NumAP);
+    return IsList(item.source) ? 0 : std::min<int>(slot, slot_.NumAP);
 }
 
 void ButtonSlotEditor::DropPaths(int slot, const std::vector<std::wstring>& paths) {
@@ -129,7 +121,7 @@ void ButtonSlotEditor::DropPaths(int slot, const std::vector<std::wstring>& path
             return;
         }
         const PickedItem item = PickedPath(path);
-        if (item.key.empty()) {
+        if (item.command.empty()) {
             continue;
         }
         const int target = DropTarget(slot, item);
@@ -139,18 +131,10 @@ void ButtonSlotEditor::DropPaths(int slot, const std::vector<std::wstring>& path
 }
 
 int ButtonSlotEditor::SendTargets(const PickedItem& item) const {
-    switch (item.kind) {
-    case PickedItem::Kind::None:
+    if (!IsProgram(item)) {
         return 0;
-    case PickedItem::Kind::Tree:
-        if (item.key == surroundings_.myComputer ||
-            (item.rootText == surroundings_.favoritesRoot && !EndsInUrl(item.key))) {
-            return 0;
-        }
-        return IsSingle() ? 1 : std::min(slot_.NumAP + 1, kSlots);
-    default:
-        return 1;
     }
+    return IsSingle() || IsList(item.source) ? 1 : std::min(slot_.NumAP + 1, kSlots);
 }
 
 void ButtonSlotEditor::Send(int slot, const PickedItem& item) {
@@ -162,67 +146,24 @@ void ButtonSlotEditor::Send(int slot, const PickedItem& item) {
 }
 
 void ButtonSlotEditor::Place(int slot, const PickedItem& item) {
-    const std::wstring formerCommand = slot_.AP(1);
-    switch (item.kind) {
-    case PickedItem::Kind::Tree:
-        PlaceTreeItem(slot, item);
-        break;
-    case PickedItem::Kind::ShortcutKey:
-        PlaceShortcutKey(item.row);
-        break;
-    case PickedItem::Kind::MediaCenter:
-        PlaceMediaCenterItem(item.row);
-        break;
-    case PickedItem::Kind::None:
-        break;
+    const std::wstring formerCommand = slot_.Program(1).AP;
+    const bool mediaCenter = item.source == ProgramSource::MediaCenter;
+    if (IsList(item.source)) {
+        ClearSlotsFrom(0); // no parameter or title of the former program stays
+        slot = 0;
+        slot_.Exec = mediaCenter ? L"M" : L"K";
+        slot_.NumAP = 1;
+        Globals().MediaCenterPicked = mediaCenter;
     }
-    if (slot_.AP(1) != formerCommand) {
-        slot_.Name = item.kind == PickedItem::Kind::MediaCenter
-                         ? surroundings_.sources.MediaCenterTable().at(item.row).displayName
-                         : shown_[0];
+    slot_.Program(slot + 1) = ProgramOf(item, services_);
+    shown_.at(Index(slot)) = NameOf(item, services_.files);
+    if (slot_.Program(1).AP != formerCommand) {
+        slot_.Name = mediaCenter ? item.displayName : shown_[0];
     }
-}
-
-void ButtonSlotEditor::PlaceTreeItem(int slot, const PickedItem& item) {
-    const int number = slot + 1;
-    slot_.AP(number) = item.key;
-    slot_.Param(number).clear();
-    slot_.Title(number).clear();
-    shown_.at(Index(slot)) =
-        IsFolder(surroundings_.files, item.key) ? item.text : WithoutExtension(item.text);
-    if (EndsInUrl(item.key) && item.rootText == surroundings_.favoritesRoot) {
-        const std::wstring address = surroundings_.addressOf(item.key);
-        slot_.AP(number) = BrowserCommand(address);
-        slot_.Param(number) = address;
-        slot_.Title(number) = item.text;
-        shown_.at(Index(slot)) = item.text;
-    }
-}
-
-void ButtonSlotEditor::PlaceShortcutKey(std::size_t row) {
-    const ShortcutKeyRow& key = surroundings_.sources.ShortcutKeys().at(row);
-    ClearSlotsFrom(0); // no parameter or title of the former program stays with a key
-    slot_.AP(1) = DecimalText(key.keyCode);
-    shown_[0] = key.name;
-    slot_.Exec = L"K";
-    slot_.NumAP = 1;
-}
-
-void ButtonSlotEditor::PlaceMediaCenterItem(std::size_t row) {
-    const MediaCenterRow& item = surroundings_.sources.MediaCenterTable().at(row);
-    ClearSlotsFrom(0);
-    slot_.AP(1) = item.commandLine;
-    slot_.Title(1) = item.title;
-    shown_[0] = item.title;
-    slot_.Exec = L"M";
-    slot_.NumAP = 1;
-    Globals().MediaCenterPicked = true;
 }
 
 void ButtonSlotEditor::ClearSlot(int slot) {
-    slot_.AP(slot + 1).clear();
-    slot_.Param(slot + 1).clear();
-    slot_.Title(slot + 1).clear();
+    slot_.Program(slot + 1) = {};
     shown_.at(Index(slot)).clear();
 }
 
@@ -239,14 +180,12 @@ bool ButtonSlotEditor::CanSetParameter() const {
 
 void ButtonSlotEditor::Remove(int slot) {
     for (int i = slot; i < kSlots - 1; ++i) {
-        slot_.AP(i + 1) = slot_.AP(i + 2);
-        slot_.Param(i + 1) = slot_.Param(i + 2);
-        slot_.Title(i + 1) = slot_.Title(i + 2);
+        slot_.Program(i + 1) = slot_.Program(i + 2);
         shown_.at(Index(i)) = shown_.at(Index(i + 1));
     }
     ClearSlot(kSlots - 1);
     if (Method() == LaunchMethod::Single) {
-        slot_.NumAP = slot_.AP(1).empty() ? 0 : 1;
+        slot_.NumAP = slot_.Program(1).AP.empty() ? 0 : 1;
     } else if (slot_.NumAP > 0) {
         --slot_.NumAP;
     }
@@ -266,7 +205,7 @@ void ButtonSlotEditor::DeleteByMenu(int slot) {
 }
 
 void ButtonSlotEditor::DeleteByKey(int slot) {
-    if (slot_.AP(slot + 1).empty()) {
+    if (slot_.Program(slot + 1).AP.empty()) {
         return;
     }
     Remove(slot);

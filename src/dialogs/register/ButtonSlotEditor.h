@@ -5,12 +5,8 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
-
-class FileSystem;
-class ProgramSources;
 
 /// Slots are numbered 0...4 here, as the dialog's controls are.
 inline constexpr int kSlots = kMaxPrograms;
@@ -19,18 +15,8 @@ inline constexpr int kSlots = kMaxPrograms;
 /// MediaCenterPicked.
 class ButtonSlotEditor {
 public:
-    /// What the editor asks about things outside.
-    struct Surroundings {
-        const ProgramSources& sources;
-        const FileSystem& files;
-        /// The address in an Internet shortcut file.
-        std::function<std::wstring(const std::wstring& file)> addressOf;
-        std::wstring favoritesRoot; ///< root text of the favourites' tree, string id 3292
-        std::wstring myComputer;    ///< key of the root of all files, string id 3100
-    };
-
     /// Shows the slot as the dialog opens with it.
-    ButtonSlotEditor(ButtonSlot slot, Surroundings surroundings);
+    ButtonSlotEditor(ButtonSlot slot, PickedItemServices services);
 
     [[nodiscard]] const ButtonSlot& Slot() const { return slot_; }
     [[nodiscard]] const std::wstring& ShownText(int slot) const { return shown_.at(Index(slot)); }
@@ -49,7 +35,7 @@ public:
     void Cancel() const;
 
     /// False for the root of all files, which is no program.
-    [[nodiscard]] bool CanDrag(const PickedItem& item) const;
+    [[nodiscard]] static bool CanDrag(const PickedItem& item);
     /// Past the last program the item goes to the next free slot.
     void Drop(int slot, const PickedItem& item);
     /// The slot in which a drop onto this one ends.
@@ -63,8 +49,8 @@ public:
 
     /// Not for a shortcut key or a Media Center item.
     [[nodiscard]] bool CanSetParameter() const;
-    [[nodiscard]] const std::wstring& Parameter(int slot) const { return slot_.Param(slot + 1); }
-    void SetParameter(int slot, const std::wstring& parameter) { slot_.Param(slot + 1) = parameter; }
+    [[nodiscard]] const std::wstring& Parameter(int slot) const { return slot_.Program(slot + 1).Param; }
+    void SetParameter(int slot, const std::wstring& parameter) { slot_.Program(slot + 1).Param = parameter; }
 
     /// Does nothing for a slot without text.
     void DeleteByMenu(int slot);
@@ -81,14 +67,11 @@ private:
     void ShowMediaCenterItem();
     void ReleaseMethod();
     void Place(int slot, const PickedItem& item);
-    void PlaceTreeItem(int slot, const PickedItem& item);
-    void PlaceShortcutKey(std::size_t row);
-    void PlaceMediaCenterItem(std::size_t row);
     void ClearSlot(int slot);
     void ClearSlotsFrom(int slot);
     void Remove(int slot);
 
-    Surroundings surroundings_;
+    PickedItemServices services_;
     ButtonSlot slot_;
     std::array<std::wstring, kSlots> shown_;
     bool pickedBefore_ = false; ///< MediaCenterPicked before the drag or menu

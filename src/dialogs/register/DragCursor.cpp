@@ -1,7 +1,5 @@
 #include "dialogs/register/DragCursor.h"
 
-#include "ui/Handles.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <span>

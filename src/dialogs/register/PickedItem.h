@@ -1,23 +1,44 @@
 #pragma once
 
+#include "dialogs/register/ProgramSources.h"
+#include "settings/Pattern.h"
+
 #include <cstddef>
+#include <functional>
+#include <optional>
 #include <string>
 
-/// What a user picks: a node of a tree, or a row of a list.
-struct PickedItem {
-    enum class Kind { None, Tree, ShortcutKey, MediaCenter };
+class FileSystem;
 
-    Kind kind = Kind::None;
-    std::wstring key{};      ///< of a node: the full path
-    std::wstring text{};     ///< of a node
-    std::wstring rootText{}; ///< of the node's tree
-    std::size_t row = 0;     ///< of a list, 0-based
+/// What a user picks from a source: a node of a tree, or a row of a list.
+struct PickedItem {
+    ProgramSource source;
+    std::wstring command;       ///< a node's key, which is its full path; of a row, what it starts
+    std::wstring name;          ///< a node's text; a key's name, a Media Center item's title
+    std::wstring displayName{}; ///< of a Media Center item: what its button is called
+    bool root = false;          ///< of a tree
 };
 
-/// The command that opens an Internet address.
-[[nodiscard]] inline std::wstring BrowserCommand(const std::wstring& address) {
-    return L"iexplore.exe|" + address;
-}
+/// What the rules for picked items ask about things outside.
+struct PickedItemServices {
+    const ProgramSources& sources;
+    const FileSystem& files;
+    /// The address in an Internet shortcut file.
+    std::function<std::wstring(const std::wstring& file)> addressOf;
+};
 
-/// What a file or folder dropped from another program stands for: the tree item of its path.
+/// A list's row, 0-based. Nothing for one that another program put into the list.
+[[nodiscard]] std::optional<PickedItem> PickedRow(const ProgramSources& sources, ProgramSource list,
+                                                  std::size_t row);
+/// What a file or folder dropped from another program stands for: the same in the tree of all files.
 [[nodiscard]] PickedItem PickedPath(const std::wstring& path);
+
+/// An Internet shortcut among the favourites.
+[[nodiscard]] bool IsFavorite(const PickedItem& item);
+/// False for a tree's node that only leads to programs: the root of all files, and whatever is no Internet
+/// shortcut among the favourites.
+[[nodiscard]] bool IsProgram(const PickedItem& item);
+/// As a button keeps it. Asks for a favourite's address.
+[[nodiscard]] ProgramEntry ProgramOf(const PickedItem& item, const PickedItemServices& services);
+/// What a button's program is called: a file without its extension. Asks the file system.
+[[nodiscard]] std::wstring NameOf(const PickedItem& item, const FileSystem& files);

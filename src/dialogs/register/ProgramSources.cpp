@@ -7,6 +7,9 @@
 #include "settings/RegIniFunc.h"
 #include "settings/StdModule.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr const wchar_t* kProgramGroupKey = L"SOFTWARE\\Korvo\\KORVOQLB\\UTLSetting\\ProgramGroup";
@@ -67,9 +70,9 @@ void ProgramSources::LoadMediaCenter() {
 }
 
 void ProgramSources::LoadIeFavorites() {
-    offersIeFavorites_ = store_.RegGetDword(RegistryHive::LocalMachine, kProgramGroupKey, L"IEMenu") == 1;
+    ieMenu_ = store_.RegGetDword(RegistryHive::LocalMachine, kProgramGroupKey, L"IEMenu") == 1;
     favoritesFolder_.clear();
-    if (offersIeFavorites_) {
+    if (ieMenu_) {
         favoritesFolder_ =
             WithoutTrailingBackslash(CutAtNul(shell_.SpecialFolderPath(kFolderFavorites).value_or(L"")));
     }
@@ -77,4 +80,24 @@ void ProgramSources::LoadIeFavorites() {
 
 void ProgramSources::LoadStartMenu() {
     startMenuFolder_ = store_.RegGetString(RegistryHive::CurrentUser, kShellFoldersKey, L"Start Menu");
+}
+
+bool ProgramSources::Offers(ProgramSource source, SourceOffer offer) const {
+    switch (source) {
+    case ProgramSource::MediaCenter: // always a single program, as a shortcut key is
+        return !mediaCenterTable_.empty() && offer != SourceOffer::SeveralPrograms;
+    case ProgramSource::IeFavorites:
+        return ieMenu_ && (offer == SourceOffer::Tabs || !favoritesFolder_.empty());
+    case ProgramSource::ShortcutKey:
+        return offer == SourceOffer::Tabs || (offer == SourceOffer::SingleProgram && !shortcutKeys_.empty());
+    default:
+        return true;
+    }
+}
+
+std::vector<ProgramSource> ProgramSources::Offered(SourceOffer offer) const {
+    std::vector<ProgramSource> offered;
+    std::copy_if(kProgramSources.begin(), kProgramSources.end(), std::back_inserter(offered),
+                 [&](ProgramSource source) { return Offers(source, offer); });
+    return offered;
 }

@@ -13,12 +13,18 @@ class Shell;
 
 /// Where programs are picked from, in the order of the tabs and of the wizard's options.
 enum class ProgramSource { StartMenu, MediaCenter, IeFavorites, AllFiles, ShortcutKey };
-inline constexpr std::size_t kProgramSourceCount = 5;
+inline constexpr std::array kProgramSources{ProgramSource::StartMenu, ProgramSource::MediaCenter,
+                                            ProgramSource::IeFavorites, ProgramSource::AllFiles,
+                                            ProgramSource::ShortcutKey};
+inline constexpr std::size_t kProgramSourceCount = kProgramSources.size();
 
 /// The two that are lists; the others are trees.
 [[nodiscard]] constexpr bool IsList(ProgramSource source) {
     return source == ProgramSource::MediaCenter || source == ProgramSource::ShortcutKey;
 }
+
+/// Who offers sources: the registration dialog by its tabs, the wizard for a single program or for several.
+enum class SourceOffer { Tabs, SingleProgram, SeveralPrograms };
 
 struct ShortcutKeyRow {
     std::wstring text; ///< key name, a blank, key binding
@@ -53,13 +59,13 @@ public:
     [[nodiscard]] const std::vector<ShortcutKeyRow>& ShortcutKeys() const { return shortcutKeys_; }
     [[nodiscard]] const std::vector<MediaCenterRow>& MediaCenterTable() const { return mediaCenterTable_; }
 
-    /// "MCMenu" is 1 and its file has a record.
-    [[nodiscard]] bool OffersMediaCenter() const { return !mediaCenterTable_.empty(); }
-    /// "IEMenu" is 1.
-    [[nodiscard]] bool OffersIeFavorites() const { return offersIeFavorites_; }
-    /// Without trailing "\"; empty when the system names none, or IE Favorites is not offered.
+    [[nodiscard]] bool Offers(ProgramSource source, SourceOffer offer) const;
+    /// In their order; never empty.
+    [[nodiscard]] std::vector<ProgramSource> Offered(SourceOffer offer) const;
+
+    /// Without trailing "\"; empty when the system names none, or "IEMenu" is not 1.
     [[nodiscard]] const std::wstring& FavoritesFolder() const { return favoritesFolder_; }
-    /// Empty when the registry names none.
+    /// The user's own; empty when the registry names none.
     [[nodiscard]] const std::wstring& StartMenuFolder() const { return startMenuFolder_; }
 
 private:
@@ -72,7 +78,7 @@ private:
     const AnsiText& ansiText_;
     std::vector<ShortcutKeyRow> shortcutKeys_;
     std::vector<MediaCenterRow> mediaCenterTable_;
-    bool offersIeFavorites_ = false;
+    bool ieMenu_ = false;
     std::wstring favoritesFolder_;
     std::wstring startMenuFolder_;
 };

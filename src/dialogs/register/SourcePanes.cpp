@@ -5,32 +5,38 @@
 #include "platform/Platform.h"
 #include "platform/windows/WindowsNameOrder.h"
 #include "resources/resource.h"
+#include "settings/StdModule.h"
 #include "ui/Controls.h"
 #include "ui/Dpi.h"
 
 #include <commctrl.h>
 
 #include <bit>
-#include <utility>
 
 namespace {
 
 constexpr int kIconSize = 16; // pixels at 100 %
 constexpr DWORD kTreeStyle = TVS_HASBUTTONS | TVS_LINESATROOT | TVS_HASLINES | WS_TABSTOP | WS_GROUP;
-constexpr DWORD kListStyle = LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | WS_VSCROLL | WS_TABSTOP | WS_GROUP;
+constexpr DWORD kListStyle = LBS_NOTIFY | WS_VSCROLL | WS_TABSTOP | WS_GROUP;
 
 struct Pane {
     ProgramSource source;
     int id;
     int labelId;
+    int tabText;
+    int optionText; ///< in the wizard
 };
 constexpr std::array<Pane, kProgramSourceCount> kPanes{{
-    {ProgramSource::StartMenu, IDC_tvTreeView0, IDC_lblTreeView0},
-    {ProgramSource::MediaCenter, IDC_lstListBox0, IDC_lblListBox0},
-    {ProgramSource::IeFavorites, IDC_tvTreeView1, IDC_lblTreeView1},
-    {ProgramSource::AllFiles, IDC_tvTreeView2, IDC_lblTreeView2},
-    {ProgramSource::ShortcutKey, IDC_lstListBox1, IDC_lblListBox1},
+    {ProgramSource::StartMenu, IDC_tvTreeView0, IDC_lblTreeView0, kTextStartMenuTab, kTextFromStartMenu},
+    {ProgramSource::MediaCenter, IDC_lstListBox0, IDC_lblListBox0, kTextMediaCenterTab, kTextFromMediaCenter},
+    {ProgramSource::IeFavorites, IDC_tvTreeView1, IDC_lblTreeView1, kTextIeFavorites, kTextFromIeFavorites},
+    {ProgramSource::AllFiles, IDC_tvTreeView2, IDC_lblTreeView2, kTextAllFilesTab, kTextFromAllFiles},
+    {ProgramSource::ShortcutKey, IDC_lstListBox1, IDC_lblListBox1, kTextShortcutKey, kTextFromShortcutKey},
 }};
+
+const Pane& PaneOf(ProgramSource source) {
+    return kPanes.at(static_cast<std::size_t>(source));
+}
 
 void AddRow(HWND list, const std::wstring& text, LPARAM data) {
     const LRESULT row = SendMessageW(list, LB_ADDSTRING, 0, std::bit_cast<LPARAM>(text.c_str()));
@@ -54,27 +60,27 @@ void SourcePanes::CreateControls(const AddControl& add, UINT dpi) {
     ShowWindow(sortList, SW_HIDE);
     picIcon_ = std::make_unique<IconPicture>(picture, platform_.icons);
     picIcon_->SetIconSize(Scaled(kIconSize, dpi));
-    const auto order = std::make_shared<WindowsNameOrder>(sortList);
+    order_ = std::make_unique<WindowsNameOrder>(sortList);
     const BrowseServices services{platform_.files, platform_.shell, platform_.icons, pump_};
     const std::wstring internetShortcut = texts_.ResText(kTextInternetShortcut);
     for (const Pane& pane : kPanes) {
         const bool list = IsList(pane.source);
         // Never seen: what stands before a tree or list is its name for screen readers.
         const HWND label = add({pane.labelId, WC_STATICW, SS_LEFT | SS_NOPREFIX | WS_GROUP, {}});
-        SetTextOf(label, texts_.ResText(kTextSourceTab1 + static_cast<int>(pane.source)));
+        SetTextOf(label, texts_.ResText(pane.tabText));
         ShowWindow(label, SW_HIDE);
         const HWND control = add({pane.id,
                                   list ? WC_LISTBOXW : WC_TREEVIEWW,
                                   list ? kListStyle : kTreeStyle,
                                   {},
                                   WS_EX_CLIENTEDGE});
-        ShowWindow(control, SW_HIDE);
         controls_.at(IndexOf(pane.source)) = control;
         if (!list) {
             trees_.at(IndexOf(pane.source)) = std::make_unique<BrowseTree>(
-                control, *picIcon_, order, services, pump_, internetShortcut, Scaled(kIconSize, dpi));
+                control, *picIcon_, *order_, services, internetShortcut, Scaled(kIconSize, dpi));
         }
     }
+    Show(std::nullopt);
 }
 
 void SourcePanes::Place(const RECT& area) const {
@@ -93,32 +99,28 @@ std::optional<ProgramSource> SourcePanes::SourceOf(HWND control) const {
     return std::nullopt;
 }
 
-PickedItem SourcePanes::PickedNode(ProgramSource source, NodeId node) const {
-    if (node == 0) {
-        return {};
-    }
+std::optional<PickedItem> SourcePanes::PickedNode(ProgramSource source, NodeId node) const {
     const TreeControl& tree = TreeOf(source)->Control();
-    return {PickedItem::Kind::Tree, tree.Key(node), tree.Text(node), tree.Text(tree.RootOf(node))};
+    const std::wstring key = tree.Key(node);
+    if (key.empty()) {
+        return std::nullopt;
+    }
+    return PickedItem{.source = source, .command = key, .name = tree.Text(node), .root = tree.IsRoot(node)};
 }
 
-PickedItem SourcePanes::SelectionOf(ProgramSource source) const {
+std::optional<PickedItem> SourcePanes::SelectionOf(ProgramSource source) const {
     if (BrowseTree* tree = TreeOf(source); tree != nullptr) {
         return PickedNode(source, tree->Control().Selected());
     }
     const LRESULT row = SendMessageW(ControlOf(source), LB_GETCURSEL, 0, 0);
-    if (row < 0) {
-        return {};
-    }
-    PickedItem item;
-    item.kind =
-        source == ProgramSource::MediaCenter ? PickedItem::Kind::MediaCenter : PickedItem::Kind::ShortcutKey;
-    item.row = static_cast<std::size_t>(row);
-    return item;
+    return row < 0 ? std::nullopt : PickedRow(sources_, source, static_cast<std::size_t>(row));
 }
 
-std::wstring SourcePanes::AddressOf(const std::wstring& file) const {
-    const WaitCursor cursor;
-    return TreeOf(ProgramSource::IeFavorites)->View().GetShortcutToURL(file);
+PickedItemServices SourcePanes::Services() const {
+    return {sources_, platform_.files, [this](const std::wstring& file) {
+                const WaitCursor cursor;
+                return TreeOf(ProgramSource::IeFavorites)->View().GetShortcutToURL(file);
+            }};
 }
 
 void SourcePanes::Load() {
@@ -139,27 +141,14 @@ void SourcePanes::Load() {
     }
 }
 
-bool SourcePanes::Offers(ProgramSource source) const {
-    switch (source) {
-    case ProgramSource::StartMenu:
-        return !sources_.StartMenuFolder().empty();
-    case ProgramSource::MediaCenter:
-        return sources_.OffersMediaCenter();
-    case ProgramSource::IeFavorites:
-        return sources_.OffersIeFavorites();
-    default:
-        return true;
-    }
+std::wstring SourcePanes::OptionText(ProgramSource source) const {
+    return WithoutAccessKeys(texts_.ResText(PaneOf(source).optionText));
 }
 
 std::vector<ProgramSource> SourcePanes::AddTabs(HWND tabControl) const {
-    std::vector<ProgramSource> offered;
-    for (std::size_t i = 0; i < kProgramSourceCount; ++i) {
-        const auto source = static_cast<ProgramSource>(i);
-        if (Offers(source)) {
-            AddTab(tabControl, texts_.ResText(kTextSourceTab1 + static_cast<int>(i)));
-            offered.push_back(source);
-        }
+    std::vector<ProgramSource> offered = sources_.Offered(SourceOffer::Tabs);
+    for (const ProgramSource source : offered) {
+        AddTab(tabControl, texts_.ResText(PaneOf(source).tabText));
     }
     return offered;
 }
@@ -172,11 +161,22 @@ void SourcePanes::Show(std::optional<ProgramSource> source) {
         } else {
             ShowWindow(ControlOf(pane.source), shown ? SW_SHOW : SW_HIDE);
         }
-        if (shown && !IsList(pane.source) && !std::exchange(filled_.at(IndexOf(pane.source)), true)) {
-            // When the form stands: filling works off events, and the form must be there to answer them.
-            TreeOf(pane.source)->Control().RunLater([this, which = pane.source] { FillTree(which); });
+    }
+}
+
+bool SourcePanes::OnIdle() {
+    const MessagePump::SlowWork slow(pump_);
+    for (const Pane& pane : kPanes) {
+        BrowseTree* tree = TreeOf(pane.source);
+        if (tree != nullptr && tree->Control().IsShown() && tree->Control().Count() == 0) {
+            FillTree(pane.source);
+            return true;
+        }
+        if (tree != nullptr && tree->OnIdle()) {
+            return true;
         }
     }
+    return false;
 }
 
 void SourcePanes::FillTree(ProgramSource source) {
@@ -188,21 +188,13 @@ void SourcePanes::FillTree(ProgramSource source) {
     case ProgramSource::IeFavorites:
         tree.SetIeFavorites(sources_.FavoritesFolder(), texts_.ResText(kTextIeFavorites));
         break;
-    default:
-        FillMyComputer(tree);
+    default: {
+        const WaitCursor cursor; // a disk may have to spin up first
+        CSystemDrive drives;
+        drives.DriveBoxControl(platform_.drives);
+        tree.SetMyComputer(drives, texts_.ResText(kTextMyComputer));
         break;
     }
-}
-
-void SourcePanes::FillMyComputer(BrowseTree& tree) {
-    // A disk that has to spin up first must not stop the user interface.
-    const MessagePump::SlowWork slow(pump_);
-    const auto drives = std::make_shared<CSystemDrive>();
-    const bool read =
-        pump_.RunBeside([drives, &system = platform_.drives] { drives->DriveBoxControl(system); },
-                        [this] { return !closed_; });
-    if (read && !closed_) {
-        tree.SetMyComputer(*drives, texts_.ResText(kTextMyComputer));
     }
 }
 
@@ -211,7 +203,7 @@ void SourcePanes::SetScaling(UINT dpi) {
     picIcon_->SetIconSize(size);
     for (const auto& tree : trees_) {
         if (tree) {
-            tree->SetIconSize(size);
+            tree->Control().SetIconSize(size);
         }
     }
 }
@@ -226,7 +218,6 @@ std::optional<LRESULT> SourcePanes::OnNotify(NMHDR& header) {
 }
 
 void SourcePanes::Clear() {
-    closed_ = true;
     for (const auto& tree : trees_) {
         if (tree) {
             tree->View().Clear();

@@ -38,19 +38,15 @@ bool IsSlotBox(int id) {
 
 } // namespace
 
-frmSetAp::frmSetAp(HWND owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts)
-    : platform_(platform), texts_(texts), panes_(*this, platform, store, texts) {
-    CreateHidden(owner, Globals().DialogFontName);
+frmSetAp::frmSetAp(Form& owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts)
+    : ModalForm(&owner), platform_(platform), texts_(texts), panes_(*this, platform, store, texts) {
+    CreateHidden(Globals().DialogFontName);
 }
 
 void frmSetAp::LoadSources() {
     const WaitCursor cursor; // a stored program may lie on a server that doesn't answer
     panes_.Load();
-    editor_.emplace(
-        Globals().EditedButtonSlot,
-        ButtonSlotEditor::Surroundings{panes_.Sources(), platform_.files,
-                                       [this](const std::wstring& file) { return panes_.AddressOf(file); },
-                                       texts_.ResText(kTextIeFavorites), texts_.ResText(kTextMyComputer)});
+    editor_.emplace(Globals().EditedButtonSlot, panes_.Services());
 }
 
 void frmSetAp::ShowSlots() {
@@ -215,8 +211,8 @@ void frmSetAp::ShowSendMenu(ProgramSource source, std::optional<POINT> at) {
     if (at && !SelectAt(source, *at)) {
         return;
     }
-    const PickedItem item = panes_.SelectionOf(source);
-    const int targets = editor_->SendTargets(item);
+    const std::optional<PickedItem> item = panes_.SelectionOf(source);
+    const int targets = item ? editor_->SendTargets(*item) : 0;
     if (targets == 0) {
         return;
     }
@@ -233,12 +229,12 @@ void frmSetAp::ShowSendMenu(ProgramSource source, std::optional<POINT> at) {
     }
     AppendMenuW(menu.get(), MF_POPUP, std::bit_cast<UINT_PTR>(programs.get()),
                 texts_.ResText(kTextSend).c_str());
-    editor_->Begin(item);
+    editor_->Begin(*item);
     const POINT place = at ? *at : MenuPlace(source);
     const int chosen = Track(menu.get(), place);
     RemoveMenu(menu.get(), 0, MF_BYPOSITION); // each menu is destroyed by its own owner
     if (chosen >= IDC_Menu_SendAP_Send_AP0 && chosen < IDC_Menu_SendAP_Send_AP0 + targets) {
-        editor_->Send(chosen - IDC_Menu_SendAP_Send_AP0, item);
+        editor_->Send(chosen - IDC_Menu_SendAP_Send_AP0, *item);
         ShowSlots();
     } else {
         editor_->Cancel();
@@ -246,8 +242,8 @@ void frmSetAp::ShowSendMenu(ProgramSource source, std::optional<POINT> at) {
 }
 
 int frmSetAp::Track(HMENU menu, POINT place) {
-    return WhileAsking([&] {
-        return static_cast<int>(TrackPopupMenuEx(menu, kMenuFlags, place.x, place.y, Window(), nullptr));
+    return RunOver([&](HWND window) {
+        return static_cast<int>(TrackPopupMenuEx(menu, kMenuFlags, place.x, place.y, window, nullptr));
     });
 }
 
@@ -286,19 +282,15 @@ void frmSetAp::ShowSlotMenu(int slot, std::optional<POINT> at) {
 }
 
 void frmSetAp::AskForParameter(int slot) {
-    frmInputBox box(Window(), texts_, platform_.ansiText);
+    frmInputBox box(*this, texts_, platform_.ansiText);
     box.NoCheckFlag(true);
     box.SetMsgLabel(texts_.ResText(kTextInputParameter));
     box.InputTitle(texts_.ResText(kTextParameterSetting));
     box.InputText(editor_->Parameter(slot));
-    WhileAsking([&] {
-        box.ShowModal();
-        return true;
-    });
+    box.ShowModal();
     if (box.GetButtonStatus() == kStatusOk) {
         editor_->SetParameter(slot, box.InputText());
     }
-    box.UnloadForm();
 }
 
 void frmSetAp::Accept() {
@@ -309,5 +301,5 @@ void frmSetAp::Accept() {
 void frmSetAp::OnClose() {
     EndDrag();
     panes_.Clear();
-    EndModal();
+    End();
 }

@@ -3,7 +3,7 @@
 #include "dialogs/register/ButtonSlotEditor.h"
 #include "dialogs/register/DragCursor.h"
 #include "dialogs/register/SourcePanes.h"
-#include "ui/Form.h"
+#include "ui/ModalForm.h"
 
 #include <shellapi.h>
 
@@ -15,12 +15,9 @@ class StringTable;
 struct Platform;
 
 /// The registration dialog: what one button starts. Edits a copy of EditedButtonSlot; OK alone writes it back.
-class frmSetAp final : public Form {
+class frmSetAp final : public ModalForm {
 public:
-    frmSetAp(HWND owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts);
-
-    void ShowModal() { RunModal(); }
-    void UnloadForm() { Close(); }
+    frmSetAp(Form& owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts);
 
 protected:
     void OnCreate() override;
@@ -28,6 +25,7 @@ protected:
     void OnCommand(int id, int notification) override;
     LRESULT OnNotify(NMHDR& header) override;
     [[nodiscard]] bool ShowsHourglass() const override { return panes_.ShowsHourglass(); }
+    bool OnIdle() override { return panes_.OnIdle(); }
     bool OnKeyDown(WPARAM key) override;
     bool OnMouseMessage(const MSG& message) override;
     void OnCaptureLost() override { EndDrag(); }
@@ -46,6 +44,7 @@ private:
     void CreateMethodControls();
     void CreateSlotControls();
     void CreateTabs();
+    void ShiftRightColumn(int pixels);
     void LoadSources();
 
     void ShowSlots();
@@ -54,7 +53,7 @@ private:
     void TurnTab(int step);
     [[nodiscard]] ProgramSource ShownSource() const;
 
-    void StartDrag(const PickedItem& item, const Icon& icon);
+    void StartDrag(const std::optional<PickedItem>& item, const Icon& icon);
     void MoveDrag();
     void FinishDrag();
     void EndDrag();

@@ -9,6 +9,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <bit>
 #include <string>
 
@@ -20,7 +21,7 @@ constexpr int kTabWidth = 236;
 constexpr int kTabHeight = 202;
 constexpr int kPaneInset = 4;
 constexpr int kRight = kMargin + kTabWidth + kMargin;
-constexpr int kRightWidth = 180;
+constexpr int kRightWidth = 186;
 constexpr int kGroupInset = 8;
 constexpr int kMethodHeight = 54;
 constexpr int kOptionHeight = 10;
@@ -29,7 +30,7 @@ constexpr int kSlotsTop = kMargin + kMethodHeight + kMargin;
 constexpr int kSlotStep = 18;
 constexpr int kSlotHeight = 13;
 constexpr int kSlotsHeight = 14 + kSlots * kSlotStep + 3;
-constexpr int kLabelWidth = 46;
+constexpr int kLabelWidth = 52;
 constexpr int kButtonWidth = 50;
 constexpr int kButtonHeight = 14;
 constexpr int kButtonGap = 4;
@@ -44,6 +45,17 @@ WNDPROC SystemEditProcedure() {
         return edit.lpfnWndProc;
     }();
     return kProcedure;
+}
+
+/// Of all tabs in one row.
+LONG CaptionsWidth(HWND tab) {
+    RECT first{};
+    RECT last{};
+    const LRESULT count = SendMessageW(tab, TCM_GETITEMCOUNT, 0, 0);
+    SendMessageW(tab, TCM_GETITEMRECT, 0, std::bit_cast<LPARAM>(&first));
+    SendMessageW(tab, TCM_GETITEMRECT, static_cast<WPARAM>(count - 1), std::bit_cast<LPARAM>(&last));
+    constexpr int kEdges = 4; // the chosen tab is larger than it says
+    return last.right - first.left + 2 * kEdges;
 }
 
 } // namespace
@@ -78,8 +90,8 @@ void frmSetAp::CreateTabs() {
     const HWND tab = AddControl(Window(),
                                 {IDC_tabMenu,
                                  WC_TABCONTROLW,
-                                 TCS_MULTILINE | WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
-                                 {kMargin, kMargin, kTabWidth, kTabHeight}},
+                                 WS_TABSTOP | WS_GROUP | WS_CLIPSIBLINGS,
+                                 {kMargin, kMargin, kClientWidth, kTabHeight}}, // OnLayout knows its width
                                 texts_.ResText(kTextProgramSources));
     tabs_ = panes_.AddTabs(tab);
 }
@@ -116,8 +128,8 @@ void frmSetAp::CreateSlotControls() {
         AddControl(Window(),
                    {IDC_lblApplication0 + slot,
                     WC_STATICW,
-                    SS_LEFT | WS_GROUP,
-                    {kRight + kGroupInset, top + 2, kLabelWidth, kOptionHeight}},
+                    SS_LEFT | SS_CENTERIMAGE | WS_GROUP,
+                    {kRight + kGroupInset, top, kLabelWidth, kSlotHeight}},
                    texts_.ResText(kTextProgramNumber) + DecimalText(slot + 1));
         const HWND box =
             AddControl(Window(), {IDC_txtApplication0 + slot,
@@ -144,12 +156,37 @@ LRESULT CALLBACK frmSetAp::SlotProcedure(HWND box, UINT message, WPARAM wParam, 
 }
 
 SIZE frmSetAp::OnLayout() {
+    const HWND tab = Control(IDC_tabMenu);
     RECT pane = TextFont().Pixels({kMargin, kMargin, kTabWidth, kTabHeight});
-    SendMessageW(Control(IDC_tabMenu), TCM_ADJUSTRECT, FALSE, std::bit_cast<LPARAM>(&pane));
+    const int more = std::max(0L, CaptionsWidth(tab) - (pane.right - pane.left));
+    pane.right += more;
+    PlaceInRow(tab, pane);
+    if (more > 0) {
+        ShiftRightColumn(more);
+    }
+    SendMessageW(tab, TCM_ADJUSTRECT, FALSE, std::bit_cast<LPARAM>(&pane));
     InflateRect(&pane, -TextFont().PixelsX(kPaneInset), -TextFont().PixelsY(kPaneInset));
     panes_.Place(pane);
     panes_.SetScaling(Dpi());
-    return {TextFont().PixelsX(kClientWidth), TextFont().PixelsY(kClientHeight)};
+    return {TextFont().PixelsX(kClientWidth) + more, TextFont().PixelsY(kClientHeight)};
+}
+
+void frmSetAp::ShiftRightColumn(int pixels) {
+    const auto shift = [&](int id) {
+        RECT place{};
+        GetWindowRect(Control(id), &place);
+        MapWindowPoints(nullptr, Window(), reinterpret_cast<POINT*>(&place), 2);
+        SetWindowPos(Control(id), nullptr, place.left + pixels, place.top, 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    for (const int id : {IDC_fraExecMethod, IDC_optExecMethod0, IDC_optExecMethod1, IDC_optExecMethod2,
+                         IDC_fraApplication, IDC_cmdOK, IDC_cmdCancel}) {
+        shift(id);
+    }
+    for (int slot = 0; slot < kSlots; ++slot) {
+        shift(IDC_lblApplication0 + slot);
+        shift(IDC_txtApplication0 + slot);
+    }
 }
 
 HBRUSH frmSetAp::OnStaticColour(HWND control, HDC hdc) {

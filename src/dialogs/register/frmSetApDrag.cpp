@@ -18,10 +18,8 @@ namespace {
 constexpr int kDragIconSize = 16; // pixels at 100 %
 
 std::vector<std::wstring> PathsOf(HDROP files) {
-    using Query = UINT WINAPI(HDROP, UINT, LPWSTR, UINT);
-    using Finish = void WINAPI(HDROP);
-    static const auto kQuery = SystemProcedure<Query>(L"shell32.dll", "DragQueryFileW");
-    static const auto kFinish = SystemProcedure<Finish>(L"shell32.dll", "DragFinish");
+    static const auto kQuery = SystemProcedure<decltype(DragQueryFileW)>(L"shell32.dll", "DragQueryFileW");
+    static const auto kFinish = SystemProcedure<decltype(DragFinish)>(L"shell32.dll", "DragFinish");
     std::vector<std::wstring> paths;
     if (kQuery == nullptr || kFinish == nullptr) {
         return paths;
@@ -67,13 +65,13 @@ void frmSetAp::HighlightSlot(int slot) {
     }
 }
 
-void frmSetAp::StartDrag(const PickedItem& item, const Icon& icon) {
-    if (drag_ || IsAsking() || !editor_->CanDrag(item)) {
+void frmSetAp::StartDrag(const std::optional<PickedItem>& item, const Icon& icon) {
+    if (drag_ || IsAsking() || !item || !ButtonSlotEditor::CanDrag(*item)) {
         return;
     }
     const HICON shown = icon ? icon.get() : LoadIconW(nullptr, IDI_APPLICATION);
-    editor_->Begin(item);
-    drag_ = Drag{item, CreateDragCursor(shown, Scaled(kDragIconSize, Dpi()))};
+    editor_->Begin(*item);
+    drag_ = Drag{*item, CreateDragCursor(shown, Scaled(kDragIconSize, Dpi()))};
     SetCapture(Window());
     MoveDrag();
 }

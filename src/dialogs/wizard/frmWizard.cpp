@@ -18,39 +18,20 @@
 
 namespace {
 
-struct FrameOfForm {
-    WizardFrame frame;
-    int id;
+struct PageOfForm {
+    WizardPage page;
+    int frame;
+    int heading;
 };
-constexpr std::array<FrameOfForm, kWizardFrameCount> kFrames{{
-    {WizardFrame::SelectButton, IDC_fraSelectButton},
-    {WizardFrame::SelectLaunchMethod, IDC_fraSelectLaunchMethod},
-    {WizardFrame::SelectMenu, IDC_fraSelectMenu},
-    {WizardFrame::SelectProgramForSingle, IDC_fraSelectProgramForSingle},
-    {WizardFrame::Finish, IDC_fraFinish},
-    {WizardFrame::ButtonName, IDC_fraButtonName},
-    {WizardFrame::SomePrograms, IDC_fraSomePrograms},
-    {WizardFrame::ProgramList, IDC_fraProgramList},
-}};
-
-int HeadingOf(WizardPage page) {
-    switch (page) {
-    case WizardPage::SelectButton:
-        return kTextSelectButtonHeading;
-    case WizardPage::SelectLaunchMethod:
-        return kTextLaunchMethodHeading;
-    case WizardPage::SelectMenu:
-        return kTextSelectMenuHeading;
-    case WizardPage::SelectProgramForSingle:
-        return kTextSelectProgramHeading;
-    case WizardPage::ButtonName:
-        return kTextButtonNameHeading;
-    case WizardPage::SomePrograms:
-        return kTextSomeProgramsHeading;
-    default:
-        return kTextFinishHeading;
-    }
-}
+constexpr std::array kPages{
+    PageOfForm{WizardPage::SelectButton, IDC_fraSelectButton, kTextSelectButtonHeading},
+    PageOfForm{WizardPage::SelectLaunchMethod, IDC_fraSelectLaunchMethod, kTextLaunchMethodHeading},
+    PageOfForm{WizardPage::SelectMenu, IDC_fraSelectMenu, kTextSelectMenuHeading},
+    PageOfForm{WizardPage::SelectProgramForSingle, IDC_fraSelectProgramForSingle, kTextSelectProgramHeading},
+    PageOfForm{WizardPage::Finish, IDC_fraFinish, kTextFinishHeading},
+    PageOfForm{WizardPage::ButtonName, IDC_fraButtonName, kTextButtonNameHeading},
+    PageOfForm{WizardPage::SomePrograms, IDC_fraSomePrograms, kTextSomeProgramsHeading},
+};
 
 bool IsOption(int id, int first, int count) {
     return id >= first && id < first + count;
@@ -88,11 +69,11 @@ void Check(HWND option, bool checked) {
 
 } // namespace
 
-frmWizard::frmWizard(HWND owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts,
+frmWizard::frmWizard(Form* owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts,
                      const Pattern& defaults)
-    : platform_(platform), store_(store), texts_(texts), defaults_(defaults),
+    : ModalForm(owner), platform_(platform), store_(store), texts_(texts), defaults_(defaults),
       panes_(*this, platform, store, texts) {
-    CreateHidden(owner, Globals().DialogFontName);
+    CreateHidden(Globals().DialogFontName);
 }
 
 std::int32_t frmWizard::ButtonIndex() const {
@@ -100,39 +81,40 @@ std::int32_t frmWizard::ButtonIndex() const {
     return (flow_ ? flow_->ButtonOption() : 0) + (notebook ? kDesktopButtons : 0);
 }
 
-void frmWizard::ShowModal() {
-    if (!flow_) {
-        return; // the system refused the window
-    }
+HWND frmWizard::OnShow() {
     ShowButtonOptions();
-    flow_->Start();
     Refresh();
-    RunModal(FirstFocus());
+    return FirstFocus();
 }
 
 void frmWizard::Refresh() {
-    SetTextIfOther(Control(IDC_lblHeading), texts_.ResText(HeadingOf(flow_->Page())));
-    for (const FrameOfForm& frame : kFrames) {
-        ShowWindow(Control(frame.id), flow_->Shows(frame.frame) ? SW_SHOW : SW_HIDE);
+    for (const PageOfForm& page : kPages) {
+        const bool shown = page.page == flow_->Page();
+        ShowWindow(Control(page.frame), shown ? SW_SHOW : SW_HIDE);
+        if (shown) {
+            SetTextIfOther(Control(IDC_lblHeading), texts_.ResText(page.heading));
+        }
     }
-    ShowWindow(Control(IDC_imgWizardImage), flow_->Shows(WizardFrame::ProgramList) ? SW_HIDE : SW_SHOW);
-    panes_.Show(flow_->Shows(WizardFrame::ProgramList) ? flow_->ShownSource() : std::nullopt);
+    const auto source = flow_->ShownSource();
+    ShowWindow(Control(IDC_fraProgramList), source ? SW_SHOW : SW_HIDE);
+    ShowWindow(Control(IDC_imgWizardImage), source ? SW_HIDE : SW_SHOW);
+    panes_.Show(source);
     for (int i = 0; i < kWizardButtonOptions; ++i) {
         Check(Control(IDC_optMFButton0 + i), i == flow_->ButtonOption());
     }
     for (int i = 0; i < 3; ++i) {
         Check(Control(IDC_optSelectLaunchMethod0 + i), i == flow_->LaunchOption());
     }
-    for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
-        const auto source = static_cast<ProgramSource>(i);
-        Check(Control(IDC_optSelectMenuForSingle0 + i), source == flow_->CheckedForSingle());
-        Check(Control(IDC_optSelectMenu0 + i), source == flow_->CheckedForSeveral());
+    for (const ProgramSource each : kProgramSources) {
+        const int i = static_cast<int>(each);
+        Check(Control(IDC_optSelectMenuForSingle0 + i), each == flow_->SourceForSingle());
+        Check(Control(IDC_optSelectMenu0 + i), each == flow_->SourceForSeveral());
     }
-    for (int slot = 0; slot < kSlots; ++slot) {
+    for (int slot = 0; slot < kMaxPrograms; ++slot) {
         SetTextIfOther(Control(IDC_txtProgram0 + slot), flow_->ProgramText(slot));
     }
     if (std::exchange(markedSlot_, flow_->MarkedSlot()) != flow_->MarkedSlot()) {
-        for (int slot = 0; slot < kSlots; ++slot) {
+        for (int slot = 0; slot < kMaxPrograms; ++slot) {
             InvalidateRect(Control(IDC_txtProgram0 + slot), nullptr, TRUE);
         }
     }
@@ -141,7 +123,7 @@ void frmWizard::Refresh() {
     focusedPage_ = flow_->Page();
     if (newPage && IsWindowVisible(Window()) != FALSE) {
         // Before a button that has the keyboard is disabled.
-        SendMessageW(Window(), WM_NEXTDLGCTL, std::bit_cast<WPARAM>(FirstFocus()), TRUE);
+        Focus(FirstFocus());
     }
     ShowCommandButton(IDC_cmdBack, true, flow_->BackEnabled());
     ShowCommandButton(IDC_cmdNext, true, flow_->NextEnabled());
@@ -151,7 +133,7 @@ void frmWizard::Refresh() {
 void frmWizard::ShowCommandButton(int id, bool visible, bool enabled) {
     const HWND button = Control(id);
     if ((!visible || !enabled) && GetFocus() == button) {
-        SendMessageW(Window(), WM_NEXTDLGCTL, std::bit_cast<WPARAM>(FirstFocus()), TRUE);
+        Focus(FirstFocus());
     }
     ShowWindow(button, visible ? SW_SHOW : SW_HIDE);
     EnableWindow(button, enabled ? TRUE : FALSE);
@@ -167,18 +149,12 @@ HWND frmWizard::FirstFocus() const {
     case WizardPage::SelectLaunchMethod:
         return Control(IDC_optSelectLaunchMethod0 + flow_->LaunchOption());
     case WizardPage::SelectMenu:
-        if (const auto source = flow_->CheckedForSingle()) {
-            return Control(IDC_optSelectMenuForSingle0 + static_cast<int>(*source));
-        }
-        break;
+        return Control(IDC_optSelectMenuForSingle0 + static_cast<int>(flow_->SourceForSingle()));
     case WizardPage::ButtonName:
         return Control(IDC_txtButtonName);
     case WizardPage::SelectProgramForSingle:
     case WizardPage::SomePrograms:
-        if (const auto source = flow_->ShownSource()) {
-            return panes_.ControlOf(*source);
-        }
-        break;
+        return panes_.ControlOf(*flow_->ShownSource());
     default:
         break;
     }
@@ -215,11 +191,9 @@ void frmWizard::OnCommand(int id, int notification) {
         }
         return;
     }
-    if (id == IDC_lstListBox0 || id == IDC_lstListBox1) {
-        if (notification == LBN_SELCHANGE) {
-            const auto source =
-                id == IDC_lstListBox0 ? ProgramSource::MediaCenter : ProgramSource::ShortcutKey;
-            flow_->ClickRow(panes_.SelectionOf(source));
+    if (const auto source = panes_.SourceOf(Control(id))) {
+        if (notification == LBN_SELCHANGE && flow_->ShownSource() == source && flow_->Selected()) {
+            flow_->Click(panes_.SelectionOf(*source));
             Refresh();
         }
         return;
@@ -254,20 +228,16 @@ void frmWizard::OnCommand(int id, int notification) {
 LRESULT frmWizard::OnNotify(NMHDR& header) {
     const auto result = panes_.OnNotify(header);
     const auto source = panes_.SourceOf(header.hwndFrom);
-    if (flow_ && source && flow_->ShownSource() == source && flow_->Shows(WizardFrame::ProgramList) &&
-        (IsNodeClick(header) || SelectionMoved(header))) {
-        clickedNode_ = panes_.TreeOf(*source)->Control().Selected();
-        flow_->ClickNode(panes_.SelectionOf(*source));
+    if (flow_ && source && flow_->ShownSource() == source && IsNodeClick(header)) {
+        flow_->Click(panes_.SelectionOf(*source));
         Refresh();
     }
+    if (header.code == TVN_ITEMEXPANDEDW) {
+        // A folder that closes takes the selection from what it holds, afterwards and without telling.
+        PostMessageW(Window(), WM_COMMAND, MAKEWPARAM(header.idFrom, LBN_SELCHANGE),
+                     std::bit_cast<LPARAM>(header.hwndFrom));
+    }
     return result.value_or(0);
-}
-
-bool frmWizard::SelectionMoved(const NMHDR& header) const {
-    // Closing a folder moves the selection from what it held to the folder, and tells of no user.
-    const LRESULT selected =
-        header.code == TVN_ITEMEXPANDEDW ? SendMessageW(header.hwndFrom, TVM_GETNEXTITEM, TVGN_CARET, 0) : 0;
-    return clickedNode_ != 0 && selected != 0 && static_cast<NodeId>(selected) != clickedNode_;
 }
 
 void frmWizard::Cancel() {
@@ -291,5 +261,5 @@ bool frmWizard::OnHelpKey() {
 
 void frmWizard::OnClose() {
     panes_.Clear();
-    EndModal();
+    End();
 }

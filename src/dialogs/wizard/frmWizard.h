@@ -2,9 +2,9 @@
 
 #include "dialogs/register/SourcePanes.h"
 #include "dialogs/wizard/WizardFlow.h"
+#include "platform/windows/Handles.h"
 #include "settings/Pattern.h"
-#include "ui/Form.h"
-#include "ui/Handles.h"
+#include "ui/ModalForm.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,10 +17,10 @@ inline constexpr std::int32_t kWizardClosed = 0;
 inline constexpr std::int32_t kWizardFinished = 4;
 
 /// Sets up one button step by step. The result is handed over in EditedButtonSlot; nothing is stored.
-class frmWizard final : public Form {
+class frmWizard final : public ModalForm {
 public:
     /// `owner` is null when the wizard runs alone (WizardForButton).
-    frmWizard(HWND owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts,
+    frmWizard(Form* owner, const Platform& platform, const RegIniFunc& store, const StringTable& texts,
               const Pattern& defaults);
 
     /// The buttons on offer: 5 for the desktop's, 1...3 for that many notebook keys. 5 at first.
@@ -29,16 +29,15 @@ public:
     [[nodiscard]] std::int32_t ReturnStatus() const { return returnStatus_; }
     /// The chosen button, 0...7.
     [[nodiscard]] std::int32_t ButtonIndex() const;
-    void UnloadForm() { Close(); }
-
-    void ShowModal();
 
 protected:
     void OnCreate() override;
+    HWND OnShow() override;
     SIZE OnLayout() override;
     void OnCommand(int id, int notification) override;
     LRESULT OnNotify(NMHDR& header) override;
     [[nodiscard]] bool ShowsHourglass() const override { return panes_.ShowsHourglass(); }
+    bool OnIdle() override { return panes_.OnIdle(); }
     HBRUSH OnStaticColour(HWND control, HDC hdc) override;
     bool OnHelpKey() override;
     void OnClose() override;
@@ -46,6 +45,7 @@ protected:
 private:
     void CreateFrames();
     void CreateProgramFrames();
+    void AddSourceOptions(HWND frame, int firstId);
     void CreateButtons();
     void ShowButtonOptions();
     void StackOptions();
@@ -55,7 +55,6 @@ private:
     void ShowCommandButton(int id, bool visible, bool enabled);
     [[nodiscard]] HWND FirstFocus() const;
     bool OnOption(int id);
-    [[nodiscard]] bool SelectionMoved(const NMHDR& header) const;
     void Cancel();
 
     const Platform& platform_;
@@ -69,7 +68,6 @@ private:
     std::int32_t returnStatus_ = kWizardClosed;
     std::optional<WizardPage> focusedPage_; ///< the page whose first focus was given
     int markedSlot_ = -1;                   ///< as it is painted
-    NodeId clickedNode_ = 0;                ///< the last one, in whichever tree
     Font headingFont_;
     Bitmap image_;
 };

@@ -17,6 +17,7 @@
 #include <array>
 #include <bit>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -32,13 +33,13 @@ struct PixelRect {
 
 // Pixels at 100 %, which are 15 twips each. The program list's place and the tops of the source options are
 // what the pages' texts count on.
-constexpr int kClientWidth = 640;
+constexpr int kClientWidth = 720;
 constexpr int kClientHeight = 448;
-constexpr PixelRect kHeading{16, 11, 608, 26};
+constexpr PixelRect kHeading{16, 11, 688, 26};
 constexpr PixelRect kImage{16, 52, 152, 344};
-constexpr PixelRect kTextFrame{184, 52, 440, 344};
+constexpr PixelRect kTextFrame{184, 52, 520, 344}; ///< forty kanji wide
 constexpr PixelRect kNarrowFrame{16, 44, 232, 354};
-constexpr PixelRect kProgramList{256, 88, 368, 308};
+constexpr PixelRect kProgramList{256, 88, 448, 308};
 constexpr PixelRect kLowerLine{0, 406, kClientWidth, 2};
 constexpr int kButtonTop = 415;
 constexpr int kButtonWidth = 84;
@@ -49,7 +50,7 @@ constexpr int kSingleOptionsTop = 168;
 constexpr int kSeveralOptionsTop = 16;
 constexpr int kSlotTop = 94;
 constexpr int kSlotStep = 25;
-constexpr int kSlotLabelWidth = 74;
+constexpr int kSlotLabelWidth = 84;
 constexpr int kSlotHeight = 21;
 
 struct Placement {
@@ -59,18 +60,18 @@ struct Placement {
 
 /// Controls in their frames; options and program boxes are placed by their numbers.
 constexpr std::array kPlacements{
-    Placement{IDC_lblMsgSelectButton1, {0, 0, 440, 80}},
-    Placement{IDC_lblMsgSelectButton2, {0, 316, 440, 28}},
-    Placement{IDC_lblMsgSelectLaunchMethod1, {0, 0, 440, 130}},
-    Placement{IDC_lblMsgSelectLaunchMethod2, {0, 316, 440, 28}},
-    Placement{IDC_lblMsgSelectMenu1, {0, 0, 440, 150}},
-    Placement{IDC_lblMsgSelectMenu2, {0, 316, 440, 28}},
+    Placement{IDC_lblMsgSelectButton1, {0, 0, kTextFrame.width, 80}},
+    Placement{IDC_lblMsgSelectButton2, {0, 316, kTextFrame.width, 28}},
+    Placement{IDC_lblMsgSelectLaunchMethod1, {0, 0, kTextFrame.width, 130}},
+    Placement{IDC_lblMsgSelectLaunchMethod2, {0, 316, kTextFrame.width, 28}},
+    Placement{IDC_lblMsgSelectMenu1, {0, 0, kTextFrame.width, 150}},
+    Placement{IDC_lblMsgSelectMenu2, {0, 316, kTextFrame.width, 28}},
     Placement{IDC_lblMsgSelectProgramForSingle1, {0, 44, 232, 200}},
-    Placement{IDC_lblMsgFinish1, {0, 0, 440, 200}},
-    Placement{IDC_lblMsgFinish2, {0, 316, 440, 28}},
-    Placement{IDC_lblMsgButtonName1, {0, 0, 440, 136}},
+    Placement{IDC_lblMsgFinish1, {0, 0, kTextFrame.width, 200}},
+    Placement{IDC_lblMsgFinish2, {0, 316, kTextFrame.width, 28}},
+    Placement{IDC_lblMsgButtonName1, {0, 0, kTextFrame.width, 136}},
     Placement{IDC_txtButtonName, {0, 144, 300, 22}},
-    Placement{IDC_lblmsgButtonName2, {0, 316, 440, 28}},
+    Placement{IDC_lblmsgButtonName2, {0, 316, kTextFrame.width, 28}},
     Placement{IDC_lblMsgSomeProgram1, {0, 222, 232, 74}},
     Placement{IDC_lblMsgSomeProgram2, {0, 298, 232, 56}},
 };
@@ -79,8 +80,8 @@ constexpr std::array kTextFrames{IDC_fraSelectButton, IDC_fraSelectLaunchMethod,
                                  IDC_fraFinish, IDC_fraButtonName};
 
 void Place(HWND control, const PixelRect& place, UINT dpi) {
-    SetWindowPos(control, nullptr, Scaled(place.left, dpi), Scaled(place.top, dpi), Scaled(place.width, dpi),
-                 Scaled(place.height, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
+    PlaceInRow(control, {Scaled(place.left, dpi), Scaled(place.top, dpi),
+                         Scaled(place.left + place.width, dpi), Scaled(place.top + place.height, dpi)});
 }
 
 Bitmap LoadWizardImage() {
@@ -128,12 +129,7 @@ void frmWizard::OnCreate() {
     CreateProgramFrames();
     CreateButtons();
     panes_.Load();
-    flow_.emplace(
-        WizardFlow::Surroundings{panes_.Sources(), platform_.files,
-                                 [this](const std::wstring& file) { return panes_.AddressOf(file); },
-                                 [this](ProgramSource source) { return panes_.SelectionOf(source); },
-                                 texts_.ResText(kTextIeFavorites), texts_.ResText(kTextMyComputer)},
-        Globals().WizardForButton);
+    flow_.emplace(panes_.Services(), Globals().WizardForButton);
 }
 
 void frmWizard::CreateFrames() {
@@ -159,7 +155,7 @@ void frmWizard::CreateFrames() {
 
     frame = AddFrame(IDC_fraSelectMenu, texts_.ResText(kTextSelectMenuHeading));
     label(frame, IDC_lblMsgSelectMenu1, kTextSelectMenu);
-    options(frame, IDC_optSelectMenuForSingle0, static_cast<int>(kProgramSourceCount), kTextWizardSource1);
+    AddSourceOptions(frame, IDC_optSelectMenuForSingle0);
     label(frame, IDC_lblMsgSelectMenu2, kTextClickNext);
 
     frame = AddFrame(IDC_fraFinish, texts_.ResText(kTextFinishHeading));
@@ -177,15 +173,23 @@ void frmWizard::CreateFrames() {
     label(frame, IDC_lblMsgSelectProgramForSingle1, kTextSelectProgram);
 }
 
+void frmWizard::AddSourceOptions(HWND frame, int firstId) {
+    DWORD first = WS_GROUP | WS_TABSTOP;
+    for (const ProgramSource source : kProgramSources) {
+        AddControl(frame,
+                   {firstId + static_cast<int>(source),
+                    WC_BUTTONW,
+                    BS_AUTORADIOBUTTON | std::exchange(first, 0),
+                    {}},
+                   panes_.OptionText(source));
+    }
+}
+
 void frmWizard::CreateProgramFrames() {
     const HWND several = AddFrame(IDC_fraSomePrograms, texts_.ResText(kTextSomeProgramsHeading));
-    for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
-        const DWORD first = i == 0 ? WS_GROUP | WS_TABSTOP : 0;
-        AddControl(several, {IDC_optSelectMenu0 + i, WC_BUTTONW, BS_AUTORADIOBUTTON | first, {}},
-                   WithoutAccessKeys(texts_.ResText(kTextWizardSource1 + i)));
-    }
-    for (int slot = 0; slot < kSlots; ++slot) {
-        AddControl(several, {IDC_lblProgram0 + slot, WC_STATICW, SS_LEFT | WS_GROUP, {}},
+    AddSourceOptions(several, IDC_optSelectMenu0);
+    for (int slot = 0; slot < kMaxPrograms; ++slot) {
+        AddControl(several, {IDC_lblProgram0 + slot, WC_STATICW, SS_LEFT | SS_CENTERIMAGE | WS_GROUP, {}},
                    texts_.ResText(kTextWizardProgram) + DecimalText(slot + 1));
         AddControl(several, {IDC_txtProgram0 + slot,
                              WC_EDITW,
@@ -245,14 +249,15 @@ SIZE frmWizard::OnLayout() {
         Place(Control(placement.id), placement.place, dpi);
     }
     for (int i = 0; i < kWizardButtonOptions; ++i) {
-        Place(Control(IDC_optMFButton0 + i), {0, 92 + i * kOptionStep, 440, kOptionHeight}, dpi);
+        Place(Control(IDC_optMFButton0 + i), {0, 92 + i * kOptionStep, kTextFrame.width, kOptionHeight}, dpi);
     }
     for (int i = 0; i < 3; ++i) {
-        Place(Control(IDC_optSelectLaunchMethod0 + i), {0, 142 + i * kOptionStep, 440, kOptionHeight}, dpi);
+        Place(Control(IDC_optSelectLaunchMethod0 + i),
+              {0, 142 + i * kOptionStep, kTextFrame.width, kOptionHeight}, dpi);
     }
-    for (int slot = 0; slot < kSlots; ++slot) {
+    for (int slot = 0; slot < kMaxPrograms; ++slot) {
         const int top = kSlotTop + slot * kSlotStep;
-        Place(Control(IDC_lblProgram0 + slot), {0, top + 3, kSlotLabelWidth, kOptionHeight}, dpi);
+        Place(Control(IDC_lblProgram0 + slot), {0, top, kSlotLabelWidth, kSlotHeight}, dpi);
         Place(Control(IDC_txtProgram0 + slot),
               {kSlotLabelWidth, top, kNarrowFrame.width - kSlotLabelWidth, kSlotHeight}, dpi);
     }
@@ -280,16 +285,19 @@ void frmWizard::StackOptions() {
     };
     constexpr PixelRect kFirstForSingle{0, kSingleOptionsTop, kTextFrame.width, kOptionHeight};
     constexpr PixelRect kFirstForSeveral{0, kSeveralOptionsTop, kNarrowFrame.width, kOptionHeight};
-    for (int i = 0; i < static_cast<int>(kProgramSourceCount); ++i) {
-        const auto source = static_cast<ProgramSource>(i);
-        stack(IDC_optSelectMenuForSingle0 + i, flow_->OffersForSingle(source), kFirstForSingle, single);
-        stack(IDC_optSelectMenu0 + i, flow_->OffersForSeveral(source), kFirstForSeveral, several);
+    const ProgramSources& sources = panes_.Sources();
+    for (const ProgramSource source : kProgramSources) {
+        const int i = static_cast<int>(source);
+        stack(IDC_optSelectMenuForSingle0 + i, sources.Offers(source, SourceOffer::SingleProgram),
+              kFirstForSingle, single);
+        stack(IDC_optSelectMenu0 + i, sources.Offers(source, SourceOffer::SeveralPrograms), kFirstForSeveral,
+              several);
     }
 }
 
 HBRUSH frmWizard::OnStaticColour(HWND control, HDC hdc) {
     const int slot = GetDlgCtrlID(control) - IDC_txtProgram0;
-    if (slot < 0 || slot >= kSlots) {
+    if (slot < 0 || slot >= kMaxPrograms) {
         return nullptr;
     }
     // The box of the next program stands out from the form, which in high contrast has the window's colour.

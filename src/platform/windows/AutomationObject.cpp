@@ -20,16 +20,14 @@ class Variant {
 public:
     Variant() = default;
     explicit Variant(const std::wstring& text) {
-        using Allocate = BSTR WINAPI(const OLECHAR*, UINT);
-        static const auto kAllocate = AutomationProcedure<Allocate>("SysAllocStringLen");
+        static const auto kAllocate = AutomationProcedure<decltype(SysAllocStringLen)>("SysAllocStringLen");
         if (kAllocate != nullptr) {
             variant_.vt = VT_BSTR;
             variant_.bstrVal = kAllocate(text.data(), static_cast<UINT>(text.size()));
         }
     }
     ~Variant() {
-        using Clear = HRESULT WINAPI(VARIANTARG*);
-        static const auto kClear = AutomationProcedure<Clear>("VariantClear");
+        static const auto kClear = AutomationProcedure<decltype(VariantClear)>("VariantClear");
         if (kClear != nullptr) {
             kClear(&variant_);
         }
@@ -46,8 +44,7 @@ public:
                    : nullptr;
     }
     [[nodiscard]] std::optional<std::wstring> Text() const {
-        using Length = UINT WINAPI(BSTR);
-        static const auto kLength = AutomationProcedure<Length>("SysStringLen");
+        static const auto kLength = AutomationProcedure<decltype(SysStringLen)>("SysStringLen");
         if (variant_.vt != VT_BSTR || kLength == nullptr) {
             return std::nullopt;
         }
@@ -77,8 +74,8 @@ bool Invoke(IDispatch& object, const wchar_t* name, WORD kind, Variant* argument
 } // namespace
 
 std::optional<AutomationObject> AutomationObject::Create(const wchar_t* name) {
-    using ClassFromName = HRESULT WINAPI(LPCOLESTR, CLSID*);
-    static const auto kClassFromName = SystemProcedure<ClassFromName>(L"ole32.dll", "CLSIDFromProgID");
+    static const auto kClassFromName =
+        SystemProcedure<decltype(CLSIDFromProgID)>(L"ole32.dll", "CLSIDFromProgID");
     CLSID classId{};
     if (kClassFromName == nullptr || FAILED(kClassFromName(name, &classId))) {
         return std::nullopt;

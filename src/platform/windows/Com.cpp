@@ -11,15 +11,13 @@ template <class Procedure> Procedure* OleProcedure(const char* name) {
 } // namespace
 
 ComApartment::ComApartment() {
-    using Initialize = HRESULT WINAPI(void*, DWORD);
-    static const auto kInitialize = OleProcedure<Initialize>("CoInitializeEx");
+    static const auto kInitialize = OleProcedure<decltype(CoInitializeEx)>("CoInitializeEx");
     entered_ = kInitialize != nullptr &&
                SUCCEEDED(kInitialize(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE));
 }
 
 ComApartment::~ComApartment() {
-    using Uninitialize = void WINAPI();
-    static const auto kUninitialize = OleProcedure<Uninitialize>("CoUninitialize");
+    static const auto kUninitialize = OleProcedure<decltype(CoUninitialize)>("CoUninitialize");
     if (entered_ && kUninitialize != nullptr) {
         kUninitialize();
     }
@@ -32,14 +30,12 @@ void EnterComApartment() {
 }
 
 HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object) {
-    using Create = HRESULT WINAPI(REFCLSID, IUnknown*, DWORD, REFIID, void**);
-    static const auto kCreate = OleProcedure<Create>("CoCreateInstance");
+    static const auto kCreate = OleProcedure<decltype(CoCreateInstance)>("CoCreateInstance");
     return kCreate == nullptr ? E_FAIL : kCreate(classId, nullptr, CLSCTX_INPROC_SERVER, interfaceId, object);
 }
 
 void FreeComMemory(void* memory) {
-    using Free = void WINAPI(void*);
-    static const auto kFree = OleProcedure<Free>("CoTaskMemFree");
+    static const auto kFree = OleProcedure<decltype(CoTaskMemFree)>("CoTaskMemFree");
     if (kFree != nullptr) {
         kFree(memory);
     }

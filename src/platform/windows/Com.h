@@ -1,16 +1,13 @@
 #pragma once
 
-#include <windows.h>
+#include "platform/windows/Handles.h"
 
 #include <objbase.h>
 
-#include <memory>
-
-struct ComDeleter {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-/// Owner of a COM object.
-template <class Interface> using ComObject = std::unique_ptr<Interface, ComDeleter>;
+inline void ReleaseComObject(IUnknown* object) {
+    object->Release();
+}
+template <class Interface> using ComObject = Owned<Interface*, ReleaseComObject>;
 
 /// COM on this thread for as long as this lives.
 class ComApartment {

@@ -1,6 +1,6 @@
 #include "platform/windows/JapaneseFont.h"
 
-#include "ui/Handles.h"
+#include "platform/windows/Handles.h"
 
 #include <algorithm>
 #include <bit>

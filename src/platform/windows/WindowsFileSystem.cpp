@@ -1,19 +1,14 @@
 #include "platform/windows/WindowsFileSystem.h"
 
 #include "platform/windows/Ansi.h"
-#include "platform/windows/KernelHandle.h"
+#include "platform/windows/Handles.h"
+#include "platform/windows/NoSystemBoxes.h"
 
 #include <windows.h>
 
 #include <vector>
 
 namespace {
-
-struct SearchDeleter {
-    using pointer = HANDLE;
-    void operator()(HANDLE search) const { FindClose(search); }
-};
-using Search = std::unique_ptr<void, SearchDeleter>;
 
 constexpr DWORD kBlockBytes = 64 * 1024;
 
@@ -48,7 +43,7 @@ bool WindowsFileSystem::Find(const std::wstring& pattern,
     if (handle == INVALID_HANDLE_VALUE) {
         return false;
     }
-    const Search search(handle);
+    const Owned<HANDLE, FindClose> search(handle);
     do {
         if (!take({FromAnsi(found.cFileName), found.dwFileAttributes})) {
             break;

@@ -1,11 +1,5 @@
 #include "platform/windows/WindowsInstanceGuard.h"
 
-#include <windows.h>
-
-void WindowsInstanceGuard::HandleCloser::operator()(void* handle) const {
-    CloseHandle(handle);
-}
-
 bool WindowsInstanceGuard::AnotherInstanceRuns() {
     if (mutex_) {
         return another_; // the name is there now, but it is our own

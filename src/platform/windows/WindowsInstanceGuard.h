@@ -1,18 +1,15 @@
 #pragma once
 
 #include "platform/InstanceGuard.h"
-
-#include <memory>
+#include "platform/windows/Handles.h"
 
 /// A named mutex of the user's session. The system destroys it with the last process that holds it.
 class WindowsInstanceGuard final : public InstanceGuard {
 public:
     [[nodiscard]] bool AnotherInstanceRuns() override;
+    void GiveUp() override { mutex_.reset(); }
 
 private:
-    struct HandleCloser {
-        void operator()(void* handle) const;
-    };
-    std::unique_ptr<void, HandleCloser> mutex_;
+    KernelHandle mutex_;
     bool another_ = false;
 };

@@ -10,7 +10,7 @@ public:
     /// The list box names the locale (LB_GETLOCALE).
     explicit WindowsNameOrder(HWND sortedListBox);
 
-    void Sort(std::vector<std::wstring>& names) const override;
+    [[nodiscard]] std::string SortKey(const std::wstring& name) const override;
 
 private:
     LCID locale_;

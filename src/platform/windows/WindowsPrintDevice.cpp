@@ -27,16 +27,14 @@ PrintPage PageOf(HDC hdc) {
     return page;
 }
 
-/// SetAbortProc has no place for a context of the caller's. Each printout has a thread of its own, on which
-/// the procedure is called.
-const std::atomic<bool>*& GivenUpOfThisThread() {
-    thread_local const std::atomic<bool>* givenUp = nullptr;
-    return givenUp;
+/// SetAbortProc has no place for a context of the caller's.
+const std::function<bool()>*& AskedByPrinter() {
+    static const std::function<bool()>* goOn = nullptr;
+    return goOn;
 }
 
 BOOL CALLBACK GoOn(HDC /*hdc*/, int /*error*/) noexcept {
-    const std::atomic<bool>* givenUp = GivenUpOfThisThread();
-    return givenUp == nullptr || !*givenUp ? TRUE : FALSE;
+    return AskedByPrinter() == nullptr || (*AskedByPrinter())() ? TRUE : FALSE;
 }
 
 /// StartPage and EndPage answer some reasons, and leave others to GetLastError.
@@ -56,9 +54,9 @@ DWORD ErrorOf(int answer, DWORD lastError) {
 
 } // namespace
 
-WindowsPrintDevice::WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomic<bool>> givenUp,
+WindowsPrintDevice::WindowsPrintDevice(HDC hdc, std::function<bool()> goOn,
                                        const std::optional<PrintPage>& page)
-    : hdc_(hdc), page_(page.value_or(PageOf(hdc))), givenUp_(std::move(givenUp)) {
+    : hdc_(hdc), page_(page.value_or(PageOf(hdc))), goOn_(std::move(goOn)) {
     LOGFONTW font = JapaneseFont(hdc, kFaces);
     const auto ofPoints = [&](int points) {
         font.lfHeight = -MulDiv(points, page_.dpiY, kPointsPerInch);
@@ -68,6 +66,12 @@ WindowsPrintDevice::WindowsPrintDevice(HDC hdc, std::shared_ptr<const std::atomi
     title_ = ofPoints(kTitlePoints);
     SetBkMode(hdc, TRANSPARENT);
     SetTextColor(hdc, RGB(0, 0, 0));
+}
+
+WindowsPrintDevice::~WindowsPrintDevice() {
+    if (AskedByPrinter() == &goOn_) {
+        AskedByPrinter() = nullptr;
+    }
 }
 
 HFONT WindowsPrintDevice::FontFor(PrintFont font) const {
@@ -89,51 +93,44 @@ PrintExtent WindowsPrintDevice::Extent(const std::wstring& text, PrintFont font)
 }
 
 template <class Call> bool WindowsPrintDevice::Succeeds(const Call& call) {
-    SetLastError(ERROR_SUCCESS);
-    const int answer = call();
-    if (answer <= 0 && error_ == 0) {
-        error_ = ErrorOf(answer, GetLastError());
+    if (error_ == ERROR_SUCCESS && !goOn_()) {
+        error_ = ERROR_PRINT_CANCELLED;
     }
-    return answer > 0;
+    if (error_ != ERROR_SUCCESS) {
+        return false;
+    }
+    SetLastError(ERROR_SUCCESS);
+    if (const int answer = call(); answer <= 0) {
+        const DWORD error = ErrorOf(answer, GetLastError());
+        error_ = goOn_() ? error : ERROR_PRINT_CANCELLED;
+    }
+    return error_ == ERROR_SUCCESS;
 }
 
 bool WindowsPrintDevice::StartDocument(const std::wstring& name) {
-    if (GivenUp()) {
-        return false;
-    }
-    GivenUpOfThisThread() = givenUp_.get();
+    AskedByPrinter() = &goOn_;
     SetAbortProc(hdc_.get(), GoOn);
     DOCINFOW document{};
     document.cbSize = sizeof document;
     document.lpszDocName = name.c_str();
     document.lpszOutput = output_.empty() ? nullptr : output_.c_str();
-    const bool started = Succeeds([&] { return StartDocW(hdc_.get(), &document); });
-    if (!started) {
-        GivenUpOfThisThread() = nullptr; // no document will be ended
-    }
-    return started;
+    return Succeeds([&] { return StartDocW(hdc_.get(), &document); });
 }
 
 bool WindowsPrintDevice::StartPage() {
-    return !GivenUp() && Succeeds([&] { return ::StartPage(hdc_.get()); });
+    return Succeeds([&] { return ::StartPage(hdc_.get()); });
 }
 
 bool WindowsPrintDevice::EndPage() {
-    return Succeeds([&] { return ::EndPage(hdc_.get()); }) && error_ == 0 && !GivenUp();
+    return Succeeds([&] { return ::EndPage(hdc_.get()); });
 }
 
 bool WindowsPrintDevice::EndDocument() {
-    if (GivenUp()) {
-        return false;
-    }
-    const bool ended = Succeeds([&] { return EndDoc(hdc_.get()); });
-    GivenUpOfThisThread() = nullptr;
-    return ended;
+    return Succeeds([&] { return EndDoc(hdc_.get()); });
 }
 
 void WindowsPrintDevice::Abort() {
     AbortDoc(hdc_.get());
-    GivenUpOfThisThread() = nullptr;
 }
 
 void WindowsPrintDevice::Text(int x, int y, const std::wstring& text, PrintFont font) {

@@ -1,19 +1,13 @@
 #include "platform/windows/WindowsRegistry.h"
 
 #include "platform/windows/Ansi.h"
+#include "platform/windows/Handles.h"
 
-#include <windows.h>
-
-#include <memory>
 #include <string>
-#include <type_traits>
 
 namespace {
 
-struct KeyCloser {
-    void operator()(HKEY key) const { RegCloseKey(key); }
-};
-using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+using Key = Owned<HKEY, RegCloseKey>;
 
 HKEY HiveHandle(RegistryHive hive) {
     return hive == RegistryHive::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;

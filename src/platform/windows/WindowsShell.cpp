@@ -3,12 +3,13 @@
 #include "platform/windows/Ansi.h"
 #include "platform/windows/AutomationObject.h"
 #include "platform/windows/Com.h"
-#include "platform/windows/KernelHandle.h"
+#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
 
 #include <intshcut.h>
+#include <shellapi.h>
 #include <shlobj.h>
 
 #include <array>
@@ -40,8 +41,7 @@ bool WindowsShell::FileExists(const std::wstring& path) const {
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
     EnterComApartment(); // handlers of some file types are COM objects
-    using Execute = HINSTANCE WINAPI(HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT);
-    const auto execute = SystemProcedure<Execute>(L"shell32.dll", "ShellExecuteA");
+    const auto execute = SystemProcedure<decltype(ShellExecuteA)>(L"shell32.dll", "ShellExecuteA");
     if (execute == nullptr) {
         return false;
     }
@@ -76,13 +76,11 @@ std::wstring WindowsShell::UserName() const {
 }
 
 std::optional<std::wstring> WindowsShell::SpecialFolder(std::int32_t folder, WindowId owner) const {
-    using GetLocation = HRESULT WINAPI(HWND, int, PIDLIST_ABSOLUTE*);
-    using GetPath = BOOL WINAPI(PCIDLIST_ABSOLUTE, LPSTR);
-    using Free = void WINAPI(PIDLIST_ABSOLUTE);
     static const auto kGetLocation =
-        SystemProcedure<GetLocation>(L"shell32.dll", "SHGetSpecialFolderLocation");
-    static const auto kGetPath = SystemProcedure<GetPath>(L"shell32.dll", "SHGetPathFromIDListA");
-    static const auto kFree = SystemProcedure<Free>(L"shell32.dll", "ILFree");
+        SystemProcedure<decltype(SHGetSpecialFolderLocation)>(L"shell32.dll", "SHGetSpecialFolderLocation");
+    static const auto kGetPath =
+        SystemProcedure<decltype(SHGetPathFromIDListA)>(L"shell32.dll", "SHGetPathFromIDListA");
+    static const auto kFree = SystemProcedure<decltype(ILFree)>(L"shell32.dll", "ILFree");
     if (kGetLocation == nullptr || kGetPath == nullptr || kFree == nullptr) {
         return std::nullopt;
     }
@@ -98,8 +96,8 @@ std::optional<std::wstring> WindowsShell::SpecialFolder(std::int32_t folder, Win
 }
 
 std::optional<std::wstring> WindowsShell::SpecialFolderPath(std::int32_t folder) const {
-    using GetPath = BOOL WINAPI(HWND, LPSTR, int, BOOL);
-    static const auto kGetPath = SystemProcedure<GetPath>(L"shell32.dll", "SHGetSpecialFolderPathA");
+    static const auto kGetPath =
+        SystemProcedure<decltype(SHGetSpecialFolderPathA)>(L"shell32.dll", "SHGetSpecialFolderPathA");
     std::array<char, MAX_PATH> path{};
     if (kGetPath == nullptr || kGetPath(nullptr, path.data(), folder, FALSE) == FALSE) {
         return std::nullopt;

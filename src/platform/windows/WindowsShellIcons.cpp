@@ -1,7 +1,8 @@
 #include "platform/windows/WindowsShellIcons.h"
 
 #include "platform/windows/Ansi.h"
-#include "platform/windows/KernelHandle.h"
+#include "platform/windows/Com.h"
+#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
@@ -19,11 +20,12 @@ template <std::size_t Size> std::wstring FieldText(const char (&field)[Size]) {
 } // namespace
 
 ShellFileInfo WindowsShellIcons::Query(const std::wstring& path, std::uint32_t flags) const {
-    using GetFileInfo = DWORD_PTR WINAPI(LPCSTR, DWORD, SHFILEINFOA*, UINT, UINT);
-    static const auto kGetFileInfo = SystemProcedure<GetFileInfo>(L"shell32.dll", "SHGetFileInfoA");
+    static const auto kGetFileInfo =
+        SystemProcedure<decltype(SHGetFileInfoA)>(L"shell32.dll", "SHGetFileInfoA");
     if (kGetFileInfo == nullptr) {
         return {};
     }
+    EnterComApartment(); // icons may come from COM objects
     const NoSystemBoxes noBoxes;
     SHFILEINFOA found{};
     const DWORD_PTR imageList = kGetFileInfo(ToAnsi(path).c_str(), 0, &found, sizeof found, flags);

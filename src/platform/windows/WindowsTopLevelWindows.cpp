@@ -38,5 +38,6 @@ void WindowsTopLevelWindows::BringForward(WindowId window) {
         // Not ShowWindow: the other program may be busy, and we would wait for it.
         ShowWindowAsync(hwnd, SW_RESTORE);
     }
-    SetForegroundWindow(GetLastActivePopup(hwnd));
+    const HWND popup = GetLastActivePopup(hwnd);
+    SetForegroundWindow(IsWindowVisible(popup) != FALSE ? popup : hwnd);
 }

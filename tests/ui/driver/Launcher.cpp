@@ -1,5 +1,6 @@
 #include "Launcher.h"
 
+#include "Message.h"
 #include "TextFile.h"
 #include "Window.h"
 
@@ -79,7 +80,7 @@ Launcher::Launcher(const std::wstring& exePath, const std::wstring& options)
     query.processId = process_.Id();
     query.className = vistacast ? L"Korvo Vistacast MainWnd Class" : L"KORVOQLBCLASS";
     query.onlyVisible = false;
-    WaitForWindow(query);
+    window_ = WaitForWindow(query).Hwnd();
 }
 
 Launcher::~Launcher() {
@@ -112,9 +113,18 @@ std::vector<LauncherEntry> Launcher::WaitForEntries(std::size_t count, Milliseco
     return entries;
 }
 
-void Launcher::RequireNoEntries(Milliseconds duration) const {
-    if (!HoldsFor([this] { return Entries().empty(); }, duration)) {
-        Fail(L"the launcher got message " + std::to_wstring(Entries().front().Message()) + L" unexpectedly");
+void Launcher::RequireEntries(std::size_t count) const {
+    // Its window's own messages, which it handles after all that was posted before.
+    constexpr UINT kMark = WM_APP;
+    constexpr UINT kAskForMark = WM_APP + 1;
+    PostMessageW(window_, kMark, ++marks_, 0);
+    WaitUntil([&] { return static_cast<WPARAM>(Send(window_, kAskForMark)) == marks_; },
+              L"the launcher to handle its messages");
+    const std::vector<LauncherEntry> entries = Entries();
+    if (entries.size() != count) {
+        const std::wstring last = entries.empty() ? L"none" : std::to_wstring(entries.back().Message());
+        Fail(L"the launcher got " + std::to_wstring(entries.size()) + L" messages, the last one " + last +
+             L", not " + std::to_wstring(count));
     }
 }
 

@@ -44,8 +44,9 @@ public:
     [[nodiscard]] std::vector<LauncherEntry> WaitForEntries(std::size_t count,
                                                             Milliseconds timeout = kDefaultTimeout) const;
 
-    /// Fails when anything has come in, or comes in within `duration`.
-    void RequireNoEntries(Milliseconds duration = Milliseconds(300)) const;
+    /// Fails unless just that many messages were sent and posted to it before.
+    void RequireEntries(std::size_t count) const;
+    void RequireNoEntries() const { RequireEntries(0); }
 
     /// Forgets what has come in so far.
     void Clear();
@@ -57,6 +58,8 @@ private:
 
     std::wstring logPath_;
     Process process_;
+    HWND window_ = nullptr;
+    mutable WPARAM marks_ = 0;
     std::size_t forgotten_ = 0;
 };
 

@@ -31,6 +31,18 @@ void SendWithoutWaiting(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+void BringForward(HWND hwnd) {
+    RequireAlive(hwnd);
+    // The window manager may have the last word about a window that was just opened.
+    const auto inFront = [hwnd] {
+        if (GetForegroundWindow() != hwnd) {
+            SetForegroundWindow(hwnd);
+        }
+        return GetForegroundWindow() == hwnd;
+    };
+    WaitUntil(inFront, Describe(hwnd) + L" to come to the foreground");
+}
+
 std::wstring Describe(HWND hwnd) {
     wchar_t title[128] = L"";
     InternalGetWindowText(hwnd, title, static_cast<int>(std::size(title)));

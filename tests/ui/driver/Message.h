@@ -14,6 +14,9 @@ LRESULT Send(HWND hwnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 /// every later Send to the same program, which a posted message is not.
 void SendWithoutWaiting(HWND hwnd, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+/// Asks for the foreground until the window has it.
+void BringForward(HWND hwnd);
+
 /// Class, title and handle of a window, for failure messages.
 std::wstring Describe(HWND hwnd);
 

@@ -19,12 +19,13 @@ struct LastClick {
 
 LastClick g_lastClick;
 
-void Inject(DWORD flags, LONG x = 0, LONG y = 0) {
+void Inject(DWORD flags, LONG x = 0, LONG y = 0, DWORD data = 0) {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dx = x;
     input.mi.dy = y;
     input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
     if (SendInput(1, &input, sizeof input) != 1) {
         FailLastError(L"injecting mouse input");
     }
@@ -76,6 +77,11 @@ void Down(MouseButton button) {
 
 void Up(MouseButton button) {
     Inject(button == MouseButton::Left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    Pause(kAfterClick);
+}
+
+void Turn(int notches) {
+    Inject(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>(notches * WHEEL_DELTA));
     Pause(kAfterClick);
 }
 

@@ -13,6 +13,9 @@ void MoveTo(POINT point);
 void Down(MouseButton button = MouseButton::Left);
 void Up(MouseButton button = MouseButton::Left);
 
+/// Turns the wheel: towards the user with a negative number of notches.
+void Turn(int notches);
+
 /// Never makes a double click with the click before it.
 void Click(POINT point, MouseButton button = MouseButton::Left);
 void DoubleClick(POINT point);

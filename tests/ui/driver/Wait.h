@@ -10,7 +10,7 @@ namespace UiDriver {
 
 using Milliseconds = std::chrono::milliseconds;
 
-inline constexpr Milliseconds kDefaultTimeout{5000};
+inline constexpr Milliseconds kDefaultTimeout{30000};
 
 /// Every failure of the driver is a std::runtime_error with `message` in UTF-8.
 [[noreturn]] void Fail(std::wstring_view message);

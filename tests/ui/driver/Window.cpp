@@ -174,9 +174,7 @@ HWND Window::FocusedHwnd() const {
 }
 
 void Window::BringToFront() const {
-    RequireAlive(hwnd_);
-    SetForegroundWindow(hwnd_);
-    WaitUntil([this] { return Foreground(); }, Describe(hwnd_) + L" to come to the foreground");
+    BringForward(hwnd_);
 }
 
 void Window::BringToFrontForGood() const {
@@ -211,7 +209,10 @@ void Window::Close() const {
 }
 
 void Window::WaitUntilGone(Milliseconds timeout) const {
-    WaitUntil([this] { return !Exists(); }, Describe(hwnd_) + L" to go", timeout);
+    const auto gone = [this] {
+        return !Exists() || (!IsWindowVisible(hwnd_) && GetWindow(hwnd_, GW_CHILD) == nullptr);
+    };
+    WaitUntil(gone, Describe(hwnd_) + L" to go", timeout);
 }
 
 void Window::WaitUntilAnswers() const {

@@ -66,6 +66,7 @@ public:
 
     /// The close box: asks and does not wait.
     void Close() const;
+    /// Of a form, an empty frame may stay that nobody sees.
     void WaitUntilGone(Milliseconds timeout = kDefaultTimeout) const;
 
     /// Waits until the window's thread has handled what was sent to it before.
