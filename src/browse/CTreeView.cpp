@@ -217,8 +217,11 @@ bool CTreeView::PutIn(NodeId node, const FolderLevel& level, Mode mode, Reading&
 }
 
 std::wstring CTreeView::GetShortcutToURL(const std::wstring& file) const {
-    const std::wstring target = CutAtNul(services_.shell.ShortcutTarget(file).value_or(L""));
-    return target.empty() ? CutAtNul(services_.shell.InternetShortcutAddress(file).value_or(L"")) : target;
+    auto target = services_.shell.ShortcutTarget(file);
+    if (!target) {
+        target = services_.shell.InternetShortcutAddress(file);
+    }
+    return CutAtNul(target.value_or(L""));
 }
 
 int CTreeView::ImageOf(const std::wstring& path) {

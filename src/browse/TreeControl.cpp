@@ -194,8 +194,8 @@ bool TreeControl::GiveNextImage(const std::function<int(const std::wstring&)>& i
     }
     data_[*index].image = image;
     RECT row{};
-    std::memcpy(&row, &node,
-                sizeof node); // the message takes the node in the place where it puts the rectangle
+    // The message takes the node in the place where it puts the rectangle.
+    std::memcpy(&row, &node, sizeof node);
     if (SendMessageW(tree_, TVM_GETITEMRECT, FALSE, std::bit_cast<LPARAM>(&row)) != FALSE) {
         InvalidateRect(tree_, &row, FALSE);
     }

@@ -55,7 +55,7 @@ void PrintPattern(Form& owner, const RegIniFunc& store, const StringTable& texts
     const std::wstring title = texts.ResText(kTextTitle);
     DWORD error = ERROR_SUCCESS;
     PrintingForm waiting(owner, texts);
-    waiting.ShowWhile([&] { error = PrintWith(*choice, print, title, waiting); });
+    waiting.PrintWhile([&] { error = PrintWith(*choice, print, title, waiting); });
     // The user may have given up in a dialog of the driver's too.
     if (error != ERROR_SUCCESS && error != ERROR_CANCELLED && error != ERROR_PRINT_CANCELLED) {
         owner.Ask(TextOfError(error), title, MB_OK | MB_ICONERROR);

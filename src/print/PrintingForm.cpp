@@ -12,7 +12,7 @@ PrintingForm::PrintingForm(Form& owner, const StringTable& texts) : ModalForm(&o
     CreateHidden(Globals().DialogFontName);
 }
 
-void PrintingForm::ShowWhile(const std::function<void()>& print) {
+void PrintingForm::PrintWhile(const std::function<void()>& print) {
     ModalForm::ShowWhile([&] {
         if (GoOn()) { // the window is drawn before the printer takes its time
             print();

@@ -12,7 +12,8 @@ class PrintingForm final : public ModalForm {
 public:
     PrintingForm(Form& owner, const StringTable& texts);
 
-    void ShowWhile(const std::function<void()>& print);
+    /// `print` runs while the form is shown, and asks GoOn.
+    void PrintWhile(const std::function<void()>& print);
 
     /// Works off what waits, for `print` to ask again and again. False: the user has given up, or the program
     /// ends.

@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t kGreen = 0xFF00;
 constexpr std::int64_t kHexBase = 16;
 
-/// `read`: the text of an entry, or the second argument.
+/// `read(key, fallback)`: the text of an entry, or `fallback` where it is missing.
 template <class Read>
 OnScreenSettings ReadEntries(Read read, const FaceMatcher& fonts, const OnScreenSettings& defaults) {
     const auto step = [&](const wchar_t* key, std::int32_t min, std::int32_t max, std::uint8_t fallback) {

@@ -148,3 +148,7 @@ std::int32_t RegIniFunc::ReadCurrentPatternNumber() const {
 std::int32_t RegIniFunc::ReadPatternCount() const {
     return NumberInRangeOr(IniGetString(kProgramSection, L"NumUser", L"1", ownIniFile_), 1, kMaxPatterns, 1);
 }
+
+std::int32_t RegIniFunc::StoredPatternCount() const {
+    return LeadingNumber(IniGetString(kProgramSection, L"NumUser", L"1", ownIniFile_));
+}

@@ -78,6 +78,8 @@ public:
     [[nodiscard]] std::int32_t ReadCurrentPatternNumber() const;
     /// "NumUser" of the own ini file when it is 1...10, else 1.
     [[nodiscard]] std::int32_t ReadPatternCount() const;
+    /// The number that "NumUser" of the own ini file begins with, whatever it is; 1 when it is missing.
+    [[nodiscard]] std::int32_t StoredPatternCount() const;
 
 private:
     [[nodiscard]] bool GoesToFile(const std::wstring& file) const;

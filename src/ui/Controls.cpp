@@ -54,8 +54,8 @@ void PlaceInRow(HWND control, const RECT& row) {
         const int height = BoxHeight(control);
         place(centred(height), height);
     } else if (name.data() == std::wstring_view(WC_COMBOBOXW)) {
-        place(row.top,
-              kDroppedRows * rowHeight); // with its open list; closed, it is as high as the system wants
+        // With its open list; closed, it is as high as the system wants.
+        place(row.top, kDroppedRows * rowHeight);
         RECT closed{};
         GetWindowRect(control, &closed);
         place(centred(closed.bottom - closed.top), 0, SWP_NOSIZE);

@@ -347,7 +347,7 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
                    : FALSE;
     }
     case WM_VKEYTOITEM:
-        if (!asking_) {
+        if (!asking_ && !ended_) {
             OnListKey(GetDlgCtrlID(std::bit_cast<HWND>(lParam)), LOWORD(wParam));
         }
         return -1; // the list box does what it does with the key

@@ -97,8 +97,7 @@ protected:
     /// F1. False leaves it to the form's owner.
     virtual bool OnHelpKey() { return false; }
     virtual void OnActivate() {}
-    /// Does one step of what can wait until no message does, while the form runs modally. False when there was
-    /// nothing to do.
+    /// Does one step of what can wait until no message does. False when there was nothing to do.
     virtual bool OnIdle() { return false; }
     /// A key in a list box with LBS_WANTKEYBOARDINPUT.
     virtual void OnListKey(int /*id*/, WORD /*key*/) {}
@@ -145,8 +144,8 @@ private:
 
     HWND window_ = nullptr;
     Form* owner_;
-    HWND formerFrame_ =
-        nullptr; ///< of what stood over this form last, hidden and empty; goes with the window
+    /// Of what stood over this form last, hidden and empty; goes with the window.
+    HWND formerFrame_ = nullptr;
     bool ended_ = false;
     HWND shownFocus_ = nullptr; ///< the control that was last scrolled into view
     bool scaling_ = false;

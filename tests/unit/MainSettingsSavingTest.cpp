@@ -372,6 +372,26 @@ TEST_F(Saving, StoresTheNewNameOfARenamedPattern) {
     EXPECT_EQ(UserString(L"Setting\\Set1", L"SetName"), "Renamed");
 }
 
+TEST_F(Saving, ACountAboveTenStays_SoThatTheManagerPutsNoPatternOverAnother) {
+    for (int number = 3; number <= 12; ++number) {
+        PutPattern(number, ("Number " + std::to_string(number)).c_str(), "Button");
+    }
+    PutUser(L"", L"NumSetting", 12);
+    settings.Load();
+    EXPECT_TRUE(settings.Ok(AskNothing));
+    settings.Apply();
+    UseManager([](PatternList& list) {
+        EXPECT_EQ(list.Count(), 12);
+        EXPECT_FALSE(list.CanAdd());
+        list.Delete(11);
+    });
+    settings.Apply();
+    EXPECT_THAT(Written(), Contains("NumSetting = 12"));
+    EXPECT_THAT(Written(), Contains("NumSetting = 11"));
+    EXPECT_THAT(Written(), Not(Contains("NumSetting = 1")));
+    UseManager([](PatternList& list) { EXPECT_EQ(list.Count(), 11); });
+}
+
 TEST_F(Saving, TakesOnePatternAndTheFirst_WhenTheManagerLeftNoValidNumbers) {
     PutUser(L"", L"CurrSetting", 11);
     PutUser(L"", L"NumSetting", 0);

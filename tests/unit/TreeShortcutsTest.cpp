@@ -27,8 +27,11 @@ TEST_F(TreeShortcuts, TheShellsOwnObjectIsAsked_WhenTheAutomationObjectFails) {
 TEST_F(TreeShortcuts, TheAddressIsEmpty_WhenNeitherObjectTellsIt) {
     EXPECT_EQ(tree.GetShortcutToURL(kFile), L"");
     EXPECT_EQ(shell.shortcutQuestions.size(), 2U);
+}
+
+TEST_F(TreeShortcuts, AnEmptyTargetIsTheAnswer) {
     shell.shortcutTargets[kFile] = L"";
-    shell.shortcutAddresses[kFile] = L"";
+    shell.shortcutAddresses[kFile] = kAddress;
     EXPECT_EQ(tree.GetShortcutToURL(kFile), L"");
 }
 

@@ -120,7 +120,10 @@ void MainSettings::WriteCurrentNumber() {
 
 void MainSettings::WritePatternNumbers() {
     WriteCurrentNumber();
-    store_.IniSetString(kProgramSection, L"NumUser", DecimalText(patternNames_.size()), store_.OwnIniFile());
+    const int stored = store_.StoredPatternCount();
+    // A count above ten counts as 1 here, but the Patterns beyond are there, and the manager's to delete.
+    const int count = stored > kMaxPatterns ? stored : static_cast<int>(patternNames_.size());
+    store_.IniSetString(kProgramSection, L"NumUser", DecimalText(count), store_.OwnIniFile());
 }
 
 void MainSettings::StorePattern() {

@@ -38,6 +38,7 @@ void OnScreenPage::FillLists() {
     const HWND sizes = form_.Control(IDC_cmbFontSize);
     for (int step = kSmallestFontStep; step <= kLargestFontStep; ++step) {
         ComboAdd(sizes, texts_.ResText(kTextFontStep1 + step - kSmallestFontStep));
+        SendMessageW(sizes, CB_SETITEMDATA, static_cast<WPARAM>(step - kSmallestFontStep), step);
     }
 }
 
@@ -92,7 +93,8 @@ void OnScreenPage::OnChoice(HWND combo, int id, int notification) {
     if (id == IDC_cmbFontName && static_cast<std::size_t>(entry) < fonts_.Faces().size()) {
         settings.FontName = fonts_.Faces()[static_cast<std::size_t>(entry)];
     } else if (id == IDC_cmbFontSize && entry <= kLargestFontStep - kSmallestFontStep) {
-        settings.FontSize = static_cast<std::uint8_t>(kSmallestFontStep + entry);
+        settings.FontSize =
+            static_cast<std::uint8_t>(SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(entry), 0));
     }
     settings_.SetOnScreen(settings);
     RefreshPreview();
@@ -111,12 +113,12 @@ void OnScreenPage::ChooseTextColor() {
     choice.rgbResult = TextColor(settings);
     choice.lpCustColors = customColors_.data();
     choice.Flags = CC_RGBINIT | CC_ANYCOLOR;
-    const auto chooseColor = SystemProcedure<decltype(ChooseColorW)>(L"comdlg32.dll", "ChooseColorW");
+    static const auto kChooseColor = SystemProcedure<decltype(ChooseColorW)>(L"comdlg32.dll", "ChooseColorW");
     const auto choose = [&](HWND owner) {
         choice.hwndOwner = owner;
-        return chooseColor(&choice);
+        return kChooseColor(&choice);
     };
-    if (chooseColor != nullptr && form_.RunOver(choose) != FALSE) {
+    if (kChooseColor != nullptr && form_.RunOver(choose) != FALSE) {
         settings.Color = static_cast<std::int32_t>(choice.rgbResult);
         settings_.SetOnScreen(settings);
         RefreshPreview();

@@ -375,6 +375,7 @@ void frmMain::RunWizardAlone() {
         settings_.SaveLoneButton(startUp_, Globals().EditedButtonSlot,
                                  [this] { platform_.instanceGuard.GiveUp(); });
     }
+    platform_.instanceGuard.GiveUp();
 }
 
 void frmMain::Ok() {

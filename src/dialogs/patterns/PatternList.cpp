@@ -11,8 +11,7 @@ PatternList::PatternList(RegIniFunc& store, PatternStore& patterns, const Patter
     : store_(store), patterns_(patterns), defaults_(defaults), shown_(shown) {}
 
 int PatternList::StoredCount() const {
-    const int stored =
-        LeadingNumber(store_.IniGetString(kProgramSection, L"NumUser", L"1", store_.OwnIniFile()));
+    const int stored = store_.StoredPatternCount();
     if (stored <= kMaxPatterns) {
         return store_.ReadPatternCount();
     }

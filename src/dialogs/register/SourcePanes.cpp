@@ -170,7 +170,7 @@ bool SourcePanes::OnIdle() {
         BrowseTree* tree = TreeOf(pane.source);
         if (tree != nullptr && tree->Control().IsShown() && tree->Control().Count() == 0) {
             FillTree(pane.source);
-            return true;
+            return tree->Control().Count() != 0; // else it would be filled again and again
         }
         if (tree != nullptr && tree->OnIdle()) {
             return true;

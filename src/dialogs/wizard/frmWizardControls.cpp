@@ -37,7 +37,8 @@ constexpr int kClientWidth = 720;
 constexpr int kClientHeight = 448;
 constexpr PixelRect kHeading{16, 11, 688, 26};
 constexpr PixelRect kImage{16, 52, 152, 344};
-constexpr PixelRect kTextFrame{184, 52, 520, 344}; ///< forty kanji wide
+/// Forty kanji wide at every scaling, and never 43: so no text leaves just two for its last line.
+constexpr PixelRect kTextFrame{184, 52, 514, 344};
 constexpr PixelRect kNarrowFrame{16, 44, 232, 354};
 constexpr PixelRect kProgramList{256, 88, 448, 308};
 constexpr PixelRect kLowerLine{0, 406, kClientWidth, 2};
