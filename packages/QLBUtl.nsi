@@ -15,6 +15,8 @@ SetCompressor /SOLID lzma
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\QLBUtl"
 ; What the demo settings added, one value each: its full name, and what it was set to.
 !define DEMO_RECORD "${ENTRY}\Demo"
+; The data files that came with them.
+!define DEMO_FILES "${ENTRY}\DemoFiles"
 !define UNINSTALLER "QLBUtl-uninstall.exe"
 
 ; Beyond NSIS' own 0 done, 1 cancelled, 2 failed.
@@ -49,6 +51,10 @@ ShowUninstDetails nevershow
 !insertmacro MUI_LANGUAGE Japanese
 !include Texts.nsh
 
+!ifdef SIGN
+    !uninstfinalize '${SIGN} "%1"' = 0
+!endif
+
 VIProductVersion "${VERSION}.0"
 VIFileVersion "${VERSION}.0"
 !macro VERSION_TEXTS language title
@@ -61,6 +67,14 @@ VIFileVersion "${VERSION}.0"
 !macroend
 !insertmacro VERSION_TEXTS ${LANG_ENGLISH} "${TITLE_ENGLISH}"
 !insertmacro VERSION_TEXTS ${LANG_JAPANESE} "${TITLE_JAPANESE}"
+
+!macro REMOVE_DEMO_FILE name
+    ReadRegStr $0 HKLM "${DEMO_FILES}" "${name}"
+    ${If} $0 != ""
+        Delete "$INSTDIR\${name}"
+        DeleteRegValue HKLM "${DEMO_FILES}" "${name}"
+    ${EndIf}
+!macroend
 
 ; Before anything is changed: what is in use can't be replaced, nor taken away.
 !macro CHECK_IN_USE un
@@ -95,8 +109,11 @@ Function ${un}OpenToWrite
     ${EndIf}
 FunctionEnd
 
-; Takes back the demo values that are still as they were set.
+; Takes back the demo's data files, and its values that are still as they were set.
 Function ${un}RemoveDemo
+    !insertmacro REMOVE_DEMO_FILE QLBCODE.DAT
+    !insertmacro REMOVE_DEMO_FILE QLBMCMNU.DAT
+    DeleteRegKey /ifempty HKLM "${DEMO_FILES}"
     ${Do}
         EnumRegValue $0 HKLM "${DEMO_RECORD}" 0
         ${If} $0 == ""
@@ -179,9 +196,9 @@ Section "-QLBUtl" ProgramSection
     SetOutPath $INSTDIR
     File QLBUtl.exe
     ${If} $LANGUAGE = ${LANG_JAPANESE}
-        File ja\*.*
+        File ja\QLBUTL.CHM
     ${Else}
-        File en\*.*
+        File en\QLBUTL.CHM
     ${EndIf}
     ; Of an installation in the other language.
     ReadRegStr $0 HKLM "${ENTRY}" "Shortcut"
@@ -210,11 +227,27 @@ Section "-QLBUtl" ProgramSection
     ${EndIf}
 SectionEnd
 
+; Beside the program they would hide the maker's own lists in the registry: so only with the demo, and never over
+; files that are there.
+!macro DEMO_FILE language name
+    ReadRegStr $0 HKLM "${DEMO_FILES}" "${name}"
+    ${If} $0 != ""
+    ${OrIfNot} ${FileExists} "$INSTDIR\${name}"
+        File ${language}\${name}
+        WriteRegStr HKLM "${DEMO_FILES}" "${name}" "demo"
+    ${EndIf}
+!macroend
+
 Section /o "$(DemoName)" DemoSection
+    SetOutPath $INSTDIR
     ${If} $LANGUAGE = ${LANG_JAPANESE}
         !insertmacro DEMO_JAPANESE
+        !insertmacro DEMO_FILE ja QLBCODE.DAT
+        !insertmacro DEMO_FILE ja QLBMCMNU.DAT
     ${Else}
         !insertmacro DEMO_ENGLISH
+        !insertmacro DEMO_FILE en QLBCODE.DAT
+        !insertmacro DEMO_FILE en QLBMCMNU.DAT
     ${EndIf}
 SectionEnd
 
@@ -269,6 +302,8 @@ Section "Uninstall"
         EnumRegValue $2 HKCU "${SETTINGS}" 0
         ${If} "$1$2" != ""
         ${OrIf} ${FileExists} "$WINDIR\KORVOQLB.INI"
+            ; An administrator's name may have been given for a user who is none.
+            System::Call 'advapi32::GetUserNameW(w .r8, *i ${NSIS_MAX_STRLEN})'
             MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(RemoveSettings)" /SD IDNO IDNO kept
             StrCpy $9 "remove"
             kept:
@@ -282,8 +317,6 @@ Section "Uninstall"
     Call un.RemoveDemo
     Delete "$INSTDIR\QLBUtl.exe"
     Delete "$INSTDIR\QLBUTL.CHM"
-    Delete "$INSTDIR\QLBCODE.DAT"
-    Delete "$INSTDIR\QLBMCMNU.DAT"
     SetOutPath $TEMP
     ${If} $EXEDIR != $INSTDIR
         ; The program that this is a copy of may still be on its way out.

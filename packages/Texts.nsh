@@ -21,5 +21,5 @@
     "You find it in the Start menu. It opens only with the keyboard or with the demo settings." \
     "スタートメニューから開始できます。キーボードまたはデモ設定がある場合にのみ開きます。"
 !insertmacro TEXT RemoveSettings \
-    "Remove your own button settings, too?" \
-    "ご自分のボタン設定も削除しますか？"
+    "Remove the button settings of the user $\"$8$\", too?$\n$\nThose of other users stay." \
+    "ユーザー「$8」のボタン設定も削除しますか？$\n$\nほかのユーザーの設定は残ります。"

@@ -19,6 +19,7 @@
 #include "forms/BareForm.h"
 #include "forms/Opening.h"
 #include "platform/InstanceGuard.h"
+#include "platform/windows/Com.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "print/PrintingForm.h"
 #include "resources/resource.h"
@@ -232,7 +233,8 @@ private:
         return NowMilliseconds() - start;
     }
 
-    WindowsPlatform system_;
+    ComApartment com_;
+    WindowsPlatform system_{kProductKey};
     Platform platform_;
     Comparison table_;
     StringTable texts_;

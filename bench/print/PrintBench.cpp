@@ -7,6 +7,7 @@
 #include "common/FullPattern.h"
 #include "common/ScratchKey.h"
 #include "common/Statistics.h"
+#include "platform/windows/Com.h"
 #include "platform/windows/Handles.h"
 #include "platform/windows/WindowsPlatform.h"
 #include "platform/windows/WindowsPrintDevice.h"
@@ -172,7 +173,8 @@ void Measure(Comparison& table, const Sheet& sheet, const RegIniFunc& store) {
 
 int wmain(int count, wchar_t** arguments) {
     const ScratchUserKey scratch;
-    WindowsPlatform system;
+    const ComApartment com;
+    WindowsPlatform system(kProductKey);
     const Platform platform = system.Interfaces();
     RegIniFunc store(platform.registry, platform.profileFiles, platform.ansiText, kIniFile);
     Pattern pattern = FullPattern(1);

@@ -102,7 +102,7 @@ private:
 
     static constexpr const wchar_t* kIniFile = L"korvoqlb.ini";
 
-    WindowsPlatform system_;
+    WindowsPlatform system_{kProductKey};
     Platform platform_;
     RecordedRegistry registry_;
     RegIniFunc recorded_;

@@ -4,6 +4,7 @@
 #include "dialogs/main/MainSettings.h"
 #include "dialogs/main/frmMain.h"
 #include "platform/windows/WindowsPlatform.h"
+#include "platform/windows/WindowsSession.h"
 #include "settings/GlobalValue.h"
 #include "settings/RegIniFunc.h"
 
@@ -13,7 +14,8 @@ int WINAPI wWinMain(HINSTANCE /*hInstance*/, HINSTANCE /*hPrevInstance*/, wchar_
                     int /*nShowCmd*/) {
     // The program may lie in a folder of downloads: no library is taken from there.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-    WindowsPlatform system;
+    const WindowsSession session;
+    WindowsPlatform system(kProductKey);
     const Platform platform = system.Interfaces();
     ResetGlobals(platform.strings);
     const StringTable texts(platform.strings);

@@ -1,7 +1,6 @@
 #include "browse/IconPicture.h"
 
 #include "platform/windows/Ansi.h"
-#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <commctrl.h>
@@ -78,7 +77,6 @@ bool IconPicture::DrawFirstIconOf(const std::wstring& file) {
     if (kExtract == nullptr) {
         return false;
     }
-    const NoSystemBoxes noBoxes;
     kExtract(ToAnsi(file).c_str(), 0, nullptr, &small, 1);
     if (small == nullptr) {
         return false;

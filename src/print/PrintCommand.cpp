@@ -1,7 +1,6 @@
 #include "print/PrintCommand.h"
 
 #include "app/StringTable.h"
-#include "platform/windows/Com.h"
 #include "platform/windows/WindowsPrintDevice.h"
 #include "print/CQlbPrint.h"
 #include "print/PrinterChoice.h"
@@ -45,11 +44,11 @@ DWORD PrintWith(const PrinterChoice& choice, CQlbPrint& print, const std::wstrin
 
 void PrintPattern(Form& owner, const RegIniFunc& store, const StringTable& texts,
                   const std::wstring& iniFile) {
-    const auto choice = owner.RunOver(PrinterChoice::Ask);
+    const auto choice =
+        owner.RunOver([](HWND window) { return PrinterChoice::Ask(window, ShowPrintDialog); });
     if (!choice) {
         return;
     }
-    EnterComApartment(); // for drivers that show something of their own
     CQlbPrint print(store);
     print.IniFileName(iniFile);
     const std::wstring title = texts.ResText(kTextTitle);

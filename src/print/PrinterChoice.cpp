@@ -73,11 +73,12 @@ std::wstring AskForFile(HWND owner, const FileKind& kind) {
 
 } // namespace
 
-std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner) {
+BOOL ShowPrintDialog(PRINTDLGW& dialog) {
     static const auto kPrintDialog = SystemProcedure<decltype(PrintDlgW)>(L"comdlg32.dll", "PrintDlgW");
-    if (kPrintDialog == nullptr) {
-        return std::nullopt;
-    }
+    return kPrintDialog == nullptr ? FALSE : kPrintDialog(&dialog);
+}
+
+std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner, const PrintDialog& show) {
     PRINTDLGW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
@@ -88,20 +89,18 @@ std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner) {
     dialog.nFromPage = 1;
     dialog.nToPage = 1;
     dialog.nCopies = 1;
-    const BOOL chosen = kPrintDialog(&dialog);
+    const BOOL chosen = show(dialog);
     PrinterChoice choice;
     choice.mode_.reset(dialog.hDevMode);
     choice.names_.reset(dialog.hDevNames);
     if (chosen == FALSE) {
         return std::nullopt;
     }
-    choice.job_.copies = dialog.nCopies;
-    choice.job_.collate = (dialog.Flags & PD_COLLATE) != 0;
     if ((dialog.Flags & PD_PAGENUMS) != 0) {
         choice.job_.firstPage = dialog.nFromPage;
         choice.job_.lastPage = dialog.nToPage;
     }
-    choice.LeaveCopiesToDriver();
+    choice.SettleCopies(dialog);
     const std::wstring port = choice.NameAt(&DEVNAMES::wOutputOffset);
     if ((dialog.Flags & PD_PRINTTOFILE) != 0 || port == kFilePort || port == kPromptingPort) {
         choice.output_ = AskForFile(owner, FileKindOf(port, choice.NameAt(&DEVNAMES::wDeviceOffset)));
@@ -122,22 +121,33 @@ std::wstring PrinterChoice::NameAt(WORD DEVNAMES::*offset) const {
     return static_cast<const wchar_t*>(start) + names.Get()->*offset;
 }
 
-void PrinterChoice::LeaveCopiesToDriver() {
+void PrinterChoice::SettleCopies(const PRINTDLGW& dialog) {
     static const auto kCapabilities =
         SystemProcedure<decltype(DeviceCapabilitiesW)>(L"winspool.drv", "DeviceCapabilitiesW");
-    const LockedMemory<DEVMODEW> mode(mode_.get());
-    if (job_.copies <= 1 || kCapabilities == nullptr || mode.Get() == nullptr) {
+    job_.copies = dialog.nCopies;
+    job_.collate = (dialog.Flags & PD_COLLATE) != 0;
+    const LockedMemory<DEVMODEW> memory(mode_.get());
+    DEVMODEW* const mode = memory.Get();
+    if (mode == nullptr) {
         return;
+    }
+    // Some dialogs leave the number in the driver's structure, some in both.
+    if ((mode->dmFields & DM_COPIES) != 0 && mode->dmCopies > job_.copies) {
+        job_.copies = mode->dmCopies;
+        job_.collate = (mode->dmFields & DM_COLLATE) != 0 && mode->dmCollate == DMCOLLATE_TRUE;
     }
     const std::wstring device = NameAt(&DEVNAMES::wDeviceOffset);
     const std::wstring port = NameAt(&DEVNAMES::wOutputOffset);
     const auto can = [&](WORD what, int atLeast) {
-        return kCapabilities(device.c_str(), port.c_str(), what, nullptr, mode.Get()) >= atLeast;
+        return kCapabilities != nullptr &&
+               kCapabilities(device.c_str(), port.c_str(), what, nullptr, mode) >= atLeast;
     };
-    if (can(DC_COPIES, job_.copies) && (!job_.collate || can(DC_COLLATE, 1))) {
-        mode.Get()->dmFields |= DM_COPIES | DM_COLLATE;
-        mode.Get()->dmCopies = static_cast<short>(job_.copies);
-        mode.Get()->dmCollate = job_.collate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
+    const bool byDriver =
+        job_.copies > 1 && can(DC_COPIES, job_.copies) && (!job_.collate || can(DC_COLLATE, 1));
+    mode->dmFields |= DM_COPIES | DM_COLLATE;
+    mode->dmCopies = static_cast<short>(byDriver ? job_.copies : 1);
+    mode->dmCollate = byDriver && job_.collate ? DMCOLLATE_TRUE : DMCOLLATE_FALSE;
+    if (byDriver) {
         job_.copies = 1;
     }
 }

@@ -197,7 +197,6 @@ LRESULT AnswerScreenReader(HWND button, WPARAM wParam, LPARAM lParam,
     if (static_cast<LONG>(lParam) != OBJID_CLIENT) {
         return 0;
     }
-    EnterComApartment();
     static const auto kToLresult =
         SystemProcedure<decltype(LresultFromObject)>(kLibrary, "LresultFromObject");
     auto standard = StandardObject(button);

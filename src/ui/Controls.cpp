@@ -9,6 +9,12 @@
 
 namespace {
 
+std::wstring ClassOf(HWND window) {
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return name.data();
+}
+
 /// The line of text, a pixel above it, where the system puts one, and below it, and the edges.
 int BoxHeight(HWND edit) {
     const MemoryDc hdc(CreateCompatibleDC(nullptr));
@@ -42,18 +48,17 @@ bool HasOwnHeight(std::wstring_view windowClass) {
 
 void PlaceInRow(HWND control, const RECT& row) {
     constexpr int kDroppedRows = 10;
-    std::array<wchar_t, 16> name{};
-    GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+    const std::wstring name = ClassOf(control);
     const int rowHeight = row.bottom - row.top;
     const auto place = [&](int top, int height, UINT flags = 0) {
         SetWindowPos(control, nullptr, row.left, top, row.right - row.left, height,
                      SWP_NOZORDER | SWP_NOACTIVATE | flags);
     };
     const auto centred = [&](int height) { return row.top + (rowHeight - height) / 2; };
-    if (name.data() == std::wstring_view(WC_EDITW)) {
+    if (name == WC_EDITW) {
         const int height = BoxHeight(control);
         place(centred(height), height);
-    } else if (name.data() == std::wstring_view(WC_COMBOBOXW)) {
+    } else if (name == WC_COMBOBOXW) {
         // With its open list; closed, it is as high as the system wants.
         place(row.top, kDroppedRows * rowHeight);
         RECT closed{};
@@ -70,6 +75,10 @@ void AddTab(HWND tabControl, std::wstring caption) {
     item.pszText = caption.data();
     const LRESULT count = SendMessageW(tabControl, TCM_GETITEMCOUNT, 0, 0);
     SendMessageW(tabControl, TCM_INSERTITEMW, static_cast<WPARAM>(count), std::bit_cast<LPARAM>(&item));
+}
+
+bool IsClosedComboBox(HWND control) {
+    return ClassOf(control) == WC_COMBOBOXW && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0;
 }
 
 void ComboAdd(HWND combo, const std::wstring& text) {

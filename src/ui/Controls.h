@@ -34,6 +34,9 @@ private:
 /// Behind the other tabs. An "&" in the caption marks its access key.
 void AddTab(HWND tabControl, std::wstring caption);
 
+/// Whether it is a combo box whose list is not open.
+[[nodiscard]] bool IsClosedComboBox(HWND control);
+
 /// Entries of a combo box are numbered from 0; -1 is no selection.
 void ComboAdd(HWND combo, const std::wstring& text);
 [[nodiscard]] int ComboSelection(HWND combo);

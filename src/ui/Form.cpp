@@ -9,6 +9,8 @@
 
 #include <windowsx.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <bit>
 #include <cassert>
@@ -22,6 +24,8 @@ HINSTANCE Instance() {
 
 bool RegisterFormClass() {
     static const ATOM kClass = [] {
+        const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+        InitCommonControlsEx(&controls);
         WNDCLASSEXW windowClass{};
         windowClass.cbSize = sizeof windowClass;
         windowClass.lpfnWndProc = DefDlgProcW;
@@ -47,6 +51,11 @@ RECT WorkArea(HMONITOR monitor) {
     info.cbSize = sizeof info;
     GetMonitorInfoW(monitor, &info);
     return info.rcWork;
+}
+
+/// Where something of this length begins, as near to `wanted` as the room lets it.
+LONG Within(LONG begin, LONG end, LONG wanted, LONG length) {
+    return std::max(begin, std::min(wanted, end - length));
 }
 
 Form* FormOf(HWND window) {
@@ -105,7 +114,8 @@ bool Form::HandleDialogMessage(MSG& message) {
     if (ours && message.message == WM_KEYDOWN && OnKeyDown(message.wParam)) {
         return true;
     }
-    if (ours && message.message == WM_MOUSEWHEEL && OnMouseWheel(message.hwnd)) {
+    if (ours && message.message == WM_MOUSEWHEEL && IsClosedComboBox(message.hwnd)) {
+        // The wheel would choose in it, unasked.
         return ScrollByMessage(window_, message.message, message.wParam);
     }
     if (ours && message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST &&
@@ -223,30 +233,48 @@ void Form::Centre() {
     if (owner != nullptr) {
         GetWindowRect(owner, &around);
     }
-    const auto within = [](LONG begin, LONG end, LONG wanted, LONG length) {
-        return std::max(begin, std::min(wanted, end - length));
-    };
-    const LONG left = within(work.left, work.right, (around.left + around.right - size.cx) / 2, size.cx);
-    const LONG top = within(work.top, work.bottom, (around.top + around.bottom - size.cy) / 2, size.cy);
+    const LONG left = Within(work.left, work.right, (around.left + around.right - size.cx) / 2, size.cx);
+    const LONG top = Within(work.top, work.bottom, (around.top + around.bottom - size.cy) / 2, size.cy);
     SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+SIZE Form::LayOutFor(UINT dpi, const RECT& work) {
+    ScrollTo(window_, {0, 0}); // the layout counts from there
+    SetScaling(dpi);
+    PlaceRows();
+    const SIZE size = LayOut(work);
+    // Group boxes and labels leave standing what the former layout had inside them.
+    RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return size;
+}
+
+SIZE Form::SizeAt(UINT dpi) {
+    const UINT now = Dpi();
+    const RECT work = WorkArea(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST));
+    const SIZE size = LayOutFor(dpi, work);
+    LayOutFor(now, work);
+    return size;
 }
 
 void Form::OnScalingChanged(UINT dpi, const RECT& suggested) {
     if (scaling_) {
-        return; // moving the window below may ask again
+        return; // of the move below, which looks for itself
     }
     const ScopedFlag scaling(scaling_);
-    ScrollTo(window_, {0, 0}); // the layout counts from there
     shownFocus_ = nullptr;
-    SetScaling(dpi);
-    PlaceRows();
-    const RECT work = WorkArea(MonitorFromRect(&suggested, MONITOR_DEFAULTTONEAREST));
-    const SIZE size = LayOut(work);
-    const LONG left = size.cx < work.right - work.left ? suggested.left : work.left;
-    const LONG top = size.cy < work.bottom - work.top ? suggested.top : work.top;
-    SetWindowPos(window_, nullptr, left, top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-    // Group boxes and labels leave standing what the former layout had inside them.
-    RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_INVALIDATE | RDW_ALLCHILDREN);
+    RECT work = WorkArea(MonitorFromRect(&suggested, MONITOR_DEFAULTTONEAREST));
+    SIZE size = LayOutFor(dpi, work);
+    SetWindowPos(window_, nullptr, size.cx < work.right - work.left ? suggested.left : work.left,
+                 size.cy < work.bottom - work.top ? suggested.top : work.top, size.cx, size.cy,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    if (const UINT now = GetDpiForWindow(window_); now != dpi) {
+        // The size has brought most of the window to another monitor. Wholly there, it stays there.
+        work = WorkArea(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST));
+        size = LayOutFor(now, work);
+        SetWindowPos(window_, nullptr, Within(work.left, work.right, suggested.left, size.cx),
+                     Within(work.top, work.bottom, suggested.top, size.cy), size.cx, size.cy,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 int Form::Ask(const std::wstring& text, const std::wstring& title, UINT style) {
@@ -355,6 +383,10 @@ INT_PTR Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_VSCROLL:
     case WM_MOUSEWHEEL:
         return ScrollByMessage(window_, message, wParam) ? TRUE : FALSE;
+    case WM_GETDPISCALEDSIZE:
+        *std::bit_cast<SIZE*>(lParam) = SizeAt(static_cast<UINT>(wParam));
+        SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
+        return TRUE;
     case WM_DPICHANGED:
         OnScalingChanged(HIWORD(wParam), *std::bit_cast<const RECT*>(lParam));
         return TRUE;

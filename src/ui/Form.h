@@ -106,9 +106,8 @@ protected:
     virtual void OnDestroy() {}
     /// Messages from WM_APP on. True when handled.
     virtual bool OnPrivateMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) { return false; }
-    /// A key, or the mouse wheel, on its way to a control. True keeps it from there.
+    /// A key on its way to a control. True keeps it from there.
     virtual bool OnKeyDown(WPARAM /*key*/) { return false; }
-    virtual bool OnMouseWheel(HWND /*control*/) { return false; }
     /// A mouse message on its way to the form or a control. True keeps it from there.
     virtual bool OnMouseMessage(const MSG& /*message*/) { return false; }
     /// The mouse was taken away from the window that had captured it.
@@ -134,6 +133,10 @@ private:
     void SetScaling(UINT dpi);
     /// Has OnLayout place what it places; returns the size of the whole window, within the work area.
     SIZE LayOut(const RECT& work);
+    /// The same for a scaling.
+    SIZE LayOutFor(UINT dpi, const RECT& work);
+    /// Of the whole window, were it on a monitor of that scaling.
+    SIZE SizeAt(UINT dpi);
     /// The controls to where their rows say.
     void PlaceRows();
     /// Laid out, in the middle of the owner or of the screen.

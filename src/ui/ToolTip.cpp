@@ -30,8 +30,6 @@ ToolTip::~ToolTip() {
 
 bool ToolTip::Create(HWND form) {
     if (window_ == nullptr) {
-        const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
-        InitCommonControlsEx(&classes);
         form_ = form;
         window_ = CreateWindowExW(
             WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, CW_USEDEFAULT,

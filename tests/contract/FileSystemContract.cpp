@@ -280,30 +280,6 @@ TEST(WindowsFileSystemTest, AReadThatFailsHandsOverWhatCameBefore) {
     EXPECT_EQ(read, "first");
 }
 
-TEST(WindowsFileSystemTest, NoSystemBoxIsAllowedWhileAskingAndTheThreadIsAsBefore) {
-    DWORD former = 0;
-    ASSERT_NE(SetThreadErrorMode(0, &former), FALSE);
-    WindowsFilesRig rig;
-    rig.AddFile(L"a.txt");
-    const auto asksForNoMedium = [] {
-        return (GetThreadErrorMode() & SEM_FAILCRITICALERRORS) != 0 &&
-               (GetThreadErrorMode() & SEM_NOOPENFILEERRORBOX) != 0;
-    };
-    bool duringFind = false;
-    bool duringRead = false;
-    EXPECT_TRUE(rig.files.Find(rig.Path(L"*.*"),
-                               [&](const FoundFile&) { return !(duringFind = asksForNoMedium()); }));
-    EXPECT_EQ(GetThreadErrorMode(), 0U);
-    EXPECT_TRUE(rig.files.Read(rig.Path(L"a.txt"),
-                               [&](std::string_view) { return !(duringRead = asksForNoMedium()); }));
-    EXPECT_EQ(GetThreadErrorMode(), 0U);
-    EXPECT_EQ(rig.files.Attributes(L"?:\\missing"), kAttributesUnknown);
-    EXPECT_EQ(GetThreadErrorMode(), 0U);
-    EXPECT_TRUE(duringFind);
-    EXPECT_TRUE(duringRead);
-    SetThreadErrorMode(former, nullptr);
-}
-
 TEST(WindowsFileSystemTest, PathsOfAnyLengthAreHarmless) {
     const WindowsFileSystem files;
     for (const std::size_t length :

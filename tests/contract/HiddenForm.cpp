@@ -46,7 +46,7 @@ namespace {
 
 /// Where Wine's GetGuiResources tells nothing: the table in which the system keeps a process's objects.
 int GdiTableEntries() {
-    constexpr std::size_t kTableInPeb = 0xF8;
+    constexpr std::size_t kTableInPeb = sizeof(void*) == 8 ? 0xF8 : 0x94;
     constexpr std::size_t kEntries = 65'536;
     struct Entry {
         void* object;
@@ -57,7 +57,11 @@ int GdiTableEntries() {
         void* user;
     };
     const char* peb = nullptr;
+#ifdef _WIN64
     asm("movq %%gs:0x60, %0" : "=r"(peb));
+#else
+    asm("movl %%fs:0x30, %0" : "=r"(peb));
+#endif
     const Entry* table = *reinterpret_cast<const Entry* const*>(peb + kTableInPeb);
     int used = 0;
     for (std::size_t i = 0; i < kEntries; ++i) {

@@ -42,7 +42,7 @@ class WindowsRig {
 public:
     static constexpr const char* kName = "Windows";
 
-    WindowsRegistry registry;
+    WindowsRegistry registry{kPath};
 
     static void Put(RegistryHive hive, const std::wstring& name, std::uint32_t type, std::string_view bytes) {
         RawRegistry::Put(hive, kPath, name, type, bytes);
@@ -311,7 +311,7 @@ TYPED_TEST(RegistryContract, AKeyThatMayNotBeDeletedStays) {
 class WindowsRegistryTest : public testing::Test {
 protected:
     ScratchHives hives_;
-    WindowsRegistry registry_;
+    WindowsRegistry registry_{kPath};
 };
 
 TEST_F(WindowsRegistryTest, AKeyThatMayNotBeCreatedRefuses) {
@@ -363,7 +363,7 @@ TEST_F(WindowsRegistryTest, NamesAreInTheCodePageToo) {
 TEST(WindowsRegistryOfTheMachine, IsRead) {
     std::string windowsDirectory(MAX_PATH, '\0');
     windowsDirectory.resize(GetWindowsDirectoryA(windowsDirectory.data(), MAX_PATH));
-    const auto value = WindowsRegistry().Query(
+    const auto value = WindowsRegistry(kPath).Query(
         RegistryHive::LocalMachine, L"Software\\Microsoft\\Windows NT\\CurrentVersion", L"SystemRoot");
     ASSERT_TRUE(value);
     EXPECT_EQ(value->type, kRegistryString);

@@ -98,7 +98,7 @@ private:
     ScratchHives hives_;
     ScratchFolder folder_;
     WindowsAnsiText ansiText_;
-    WindowsRegistry registry_;
+    WindowsRegistry registry_{kProductKey};
     WindowsProfileFiles profileFiles_;
     std::optional<DeniedRight> denied_;
 };

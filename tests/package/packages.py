@@ -22,7 +22,8 @@ MENU = "C:\\ProgramData\\Microsoft\\Windows\\Start Menu\\Programs"
 FOLDER = "C:\\Program Files\\QLBUtl"
 ENGLISH = "Quickfire Button Settings"
 JAPANESE = "クイックファイアボタンの設定"
-FILES = ["QLBCODE.DAT", "QLBMCMNU.DAT", "QLBUTL.CHM", "QLBUtl-uninstall.exe", "QLBUtl.exe"]
+FILES = ["QLBUTL.CHM", "QLBUtl-uninstall.exe", "QLBUtl.exe"]
+DEMO_FILES = ["QLBCODE.DAT", "QLBMCMNU.DAT"]
 IN_USE, TOO_OLD = 3, 4
 
 
@@ -161,7 +162,7 @@ class Installer(unittest.TestCase):
 
     def test_installs_the_program_and_its_entries_and_removes_them(self):
         self.assertEqual(self.install("/demo"), 0)
-        self.assertEqual(sorted(os.listdir(wine.unix_path(FOLDER))), FILES)
+        self.assertEqual(sorted(os.listdir(wine.unix_path(FOLDER))), DEMO_FILES + FILES)
         for name in ("QLBUTL.CHM", "QLBCODE.DAT", "QLBMCMNU.DAT"):
             self.assertTrue(content(wine.unix_path(f"{FOLDER}\\{name}")) == source(name, "en"), name)
         with zipfile.ZipFile(package("x64.zip")) as archive:
@@ -170,7 +171,7 @@ class Installer(unittest.TestCase):
 
         entry = self.entry()
         size = int(entry.pop("EstimatedSize").removeprefix("dword:"), 16)
-        real = sum(os.path.getsize(wine.unix_path(f"{FOLDER}\\{name}")) for name in FILES) / 1024
+        real = sum(os.path.getsize(wine.unix_path(f"{FOLDER}\\{name}")) for name in DEMO_FILES + FILES) / 1024
         self.assertAlmostEqual(size, real, delta=real / 4)
         self.assertEqual((entry.pop("NoModify"), entry.pop("NoRepair")), ("dword:00000001", "dword:00000001"))
         self.assertEqual({name: wine.text(data) for name, data in entry.items()}, {
@@ -285,6 +286,23 @@ class Installer(unittest.TestCase):
         wine.run("reg", "delete", "HKCU\\Software\\Korvo", "/f")
         Installer.clean = self.check_nothing_left()
 
+    def test_data_files_come_with_the_demo_alone_and_never_over_others(self):
+        def installed():
+            return sorted(os.listdir(wine.unix_path(FOLDER)))
+
+        self.assertEqual(self.install(), 0)
+        self.assertEqual(installed(), FILES)
+        theirs = wine.unix_path(FOLDER + "\\QLBCODE.DAT")
+        with open(theirs, "wb") as file:
+            file.write(b"the maker's")
+        self.assertEqual(self.install("/demo"), 0)
+        self.assertEqual(installed(), DEMO_FILES + FILES)
+        self.assertEqual(content(theirs), b"the maker's")
+        self.uninstall()
+        self.assertEqual(os.listdir(wine.unix_path(FOLDER)), ["QLBCODE.DAT"])
+        shutil.rmtree(wine.unix_path(FOLDER))
+        Installer.clean = self.check_nothing_left()
+
     def test_moves_to_another_folder_and_leaves_files_of_others(self):
         self.assertEqual(self.install(), 0)
         other = "C:\\Other Place\\QLB"
@@ -297,6 +315,36 @@ class Installer(unittest.TestCase):
         self.assertEqual(os.listdir(wine.unix_path(other)), ["notes.txt"])
         shutil.rmtree(wine.unix_path("C:\\Other Place"))
         Installer.clean = self.check_nothing_left()
+
+
+class Signing(unittest.TestCase):
+    MARK = b"signed by the stand-in"
+
+    def test_reaches_program_uninstaller_and_installer(self):
+        tool = os.path.join(wine.PREFIX, "sign it")
+        with open(tool, "wb") as file:
+            file.write(b"#!/bin/sh\nprintf '%s' '" + self.MARK + b"' >>\"$2\"\n")
+        os.chmod(tool, 0o755)
+        output = os.path.join(wine.PREFIX, "signed")
+        subprocess.run([f"{wine.ROOT}/packages/pack", "--program", f"{wine.ROOT}/build/windows-x64/QLBUtl.exe",
+                        "--help-files", HELP, "--output", output],
+                       env={**os.environ, "QLB_SIGN": f'"{tool}" --quietly'}, stdout=subprocess.DEVNULL, check=True)
+        setup = os.path.join(output, f"QLBUtl-{VERSION}-x64-setup.exe")
+        self.assertTrue(content(setup).endswith(self.MARK))
+        with zipfile.ZipFile(os.path.join(output, f"QLBUtl-{VERSION}-x64.zip")) as archive:
+            self.assertTrue(archive.read(f"QLBUtl-{VERSION}-x64/QLBUtl.exe").endswith(self.MARK))
+        self.assertFalse(content(f"{wine.ROOT}/build/windows-x64/QLBUtl.exe").endswith(self.MARK))
+        self.assertEqual(wine.run(setup, "/S"), 0)
+        for name in ("QLBUtl.exe", "QLBUtl-uninstall.exe"):
+            self.assertTrue(content(wine.unix_path(f"{FOLDER}\\{name}")).endswith(self.MARK), name)
+        Installer.uninstall()
+
+    def test_stops_the_packing_when_it_fails(self):
+        packed = subprocess.run([f"{wine.ROOT}/packages/pack", "--program", f"{wine.ROOT}/build/windows-x64/QLBUtl.exe",
+                                 "--help-files", HELP, "--output", os.path.join(wine.PREFIX, "unsigned")],
+                                env={**os.environ, "QLB_SIGN": "false"}, capture_output=True, check=False)
+        self.assertNotEqual(packed.returncode, 0)
+        self.assertEqual(os.listdir(os.path.join(wine.PREFIX, "unsigned")), [])
 
 
 class Bytes(unittest.TestCase):

@@ -2,7 +2,7 @@
 
 #include "Texts.h"
 #include "driver/Message.h"
-#include "driver/RemoteMemory.h"
+#include "driver/Scaling.h"
 #include "resources/resource.h"
 
 #include <commctrl.h>
@@ -399,13 +399,10 @@ void Actor::SendSystemMessage(const Window& form) {
 }
 
 void Actor::Scale(const Window& form) {
-    static constexpr std::array<WORD, 4> kScalings = {96, 120, 144, 192};
-    const WORD dpi = random_->Of(kScalings);
-    const RECT place = form.Rect();
-    const UiDriver::RemoteMemory memory(form.Hwnd(), sizeof place);
-    memory.Write(0, &place, sizeof place);
+    static constexpr std::array<UINT, 4> kScalings = {96, 120, 144, 192};
+    const UINT dpi = random_->Of(kScalings);
     Do("scale", NameOf(form) + " to " + std::to_string(dpi));
-    UiDriver::Send(form.Hwnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.Param());
+    UiDriver::ScaleTo(form.Hwnd(), dpi);
 }
 
 void Actor::SendStrayCommand(const Scene& scene) {

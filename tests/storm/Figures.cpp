@@ -47,7 +47,7 @@ std::size_t CountWindows(std::optional<DWORD> processId) {
 
 /// Wine keeps its GDI objects where older systems did: in a table that the process block points to.
 std::size_t CountInGdiTable(HANDLE process) {
-    constexpr std::size_t kTableInBlock = 0xF8;
+    constexpr std::size_t kTableInBlock = sizeof(void*) == 8 ? 0xF8 : 0x94;
     constexpr std::size_t kEntries = 0x10000;
     struct Entry {
         std::array<std::byte, 14> unused;

@@ -1,7 +1,7 @@
 #include "Actor.h"
 #include "StormUse.h"
 #include "driver/Message.h"
-#include "driver/RemoteMemory.h"
+#include "driver/Scaling.h"
 
 #include <commctrl.h>
 
@@ -262,10 +262,7 @@ private:
     }
 
     void RestoreScaling() const {
-        const RECT place{100, 100, 700, 600};
-        const UiDriver::RemoteMemory memory(Dialog().Hwnd(), sizeof place);
-        memory.Write(0, &place, sizeof place);
-        UiDriver::Send(Dialog().Hwnd(), WM_DPICHANGED, MAKEWPARAM(96, 96), memory.Param());
+        UiDriver::ScaleTo(Dialog().Hwnd(), 96);
         Settle();
     }
 

@@ -2,14 +2,15 @@
 #include "RegisterUse.h"
 #include "WizardUse.h"
 #include "driver/Message.h"
+#include "driver/Scaling.h"
 
 #include <commctrl.h>
 
 namespace {
 
-constexpr int kScalings[] = {96, 120, 144, 192, 288};
+constexpr UINT kScalings[] = {96, 120, 144, 192, 288};
 
-std::string ScalingText(int dpi) {
+std::string ScalingText(UINT dpi) {
     return std::to_string(dpi) + " dpi";
 }
 
@@ -17,9 +18,9 @@ class MainLayout : public UiTest {};
 
 TEST_F(MainLayout, IsGoodOnEveryPageAtEveryScaling) {
     Start();
-    for (const int dpi : kScalings) {
+    for (const UINT dpi : kScalings) {
         SCOPED_TRACE(ScalingText(dpi));
-        ScaleTo(Dialog(), dpi);
+        UiDriver::ScaleTo(Dialog().Hwnd(), dpi);
         for (const int page : {1, 2, 0}) {
             SCOPED_TRACE("page " + std::to_string(page));
             UiDriver::Send(Tabs().Hwnd(), TCM_SETCURFOCUS, static_cast<WPARAM>(page), 0);
@@ -51,9 +52,9 @@ class RegisterLayout : public RegisterUse {};
 
 TEST_F(RegisterLayout, IsGoodWithItsTabsInOneRowAtEveryScaling) {
     Open(Sequence(2));
-    for (const int dpi : kScalings) {
+    for (const UINT dpi : kScalings) {
         SCOPED_TRACE(ScalingText(dpi));
-        ScaleTo(Form(), dpi);
+        UiDriver::ScaleTo(Form().Hwnd(), dpi);
         EXPECT_EQ(UiDriver::Send(SourceTabs().Hwnd(), TCM_GETROWCOUNT, 0, 0), 1);
         for (int tab = 0; tab < SourceTabs().Count(); ++tab) {
             UiDriver::Send(SourceTabs().Hwnd(), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
@@ -68,9 +69,9 @@ class ManagerLayout : public PatternManagerUse {};
 
 TEST_F(ManagerLayout, IsGoodAtEveryScaling) {
     StartManager();
-    for (const int dpi : kScalings) {
+    for (const UINT dpi : kScalings) {
         SCOPED_TRACE(ScalingText(dpi));
-        ScaleTo(Manager(), dpi);
+        UiDriver::ScaleTo(Manager().Hwnd(), dpi);
         ExpectGoodLayout(Manager(), dpi);
     }
 }
@@ -78,9 +79,9 @@ TEST_F(ManagerLayout, IsGoodAtEveryScaling) {
 TEST_F(ManagerLayout, OfTheQuestionForANameIsGoodAtEveryScaling) {
     StartManager();
     const NameQuestion question = AskName(IDC_cmdAdd);
-    for (const int dpi : kScalings) {
+    for (const UINT dpi : kScalings) {
         SCOPED_TRACE(ScalingText(dpi));
-        ScaleTo(question.Form(), dpi);
+        UiDriver::ScaleTo(question.Form().Hwnd(), dpi);
         ExpectGoodLayout(question.Form(), dpi);
     }
 }
@@ -88,12 +89,12 @@ TEST_F(ManagerLayout, OfTheQuestionForANameIsGoodAtEveryScaling) {
 class WizardLayout : public WizardUse {
 protected:
     void ExpectGoodPage() const {
-        for (const int dpi : kScalings) {
+        for (const UINT dpi : kScalings) {
             SCOPED_TRACE(ScalingText(dpi));
-            ScaleTo(Wizard(), dpi);
+            UiDriver::ScaleTo(Wizard().Hwnd(), dpi);
             ExpectGoodLayout(Wizard(), dpi);
         }
-        ScaleTo(Wizard(), 96);
+        UiDriver::ScaleTo(Wizard().Hwnd(), 96);
     }
 };
 

@@ -1,8 +1,6 @@
 #include "LayoutUse.h"
 
 #include "Texts.h"
-#include "driver/Message.h"
-#include "driver/RemoteMemory.h"
 
 #include <gtest/gtest.h>
 
@@ -75,9 +73,9 @@ struct DeleteFont {
 };
 
 /// The size that the text takes in a control of this width, in the forms' font.
-SIZE SizeOfText(const std::wstring& text, LONG width, bool lines, int dpi) {
+SIZE SizeOfText(const std::wstring& text, LONG width, bool lines, UINT dpi) {
     LOGFONTW wanted{};
-    wanted.lfHeight = -MulDiv(Japanese() ? 9 : 8, dpi, 72);
+    wanted.lfHeight = -MulDiv(Japanese() ? 9 : 8, static_cast<int>(dpi), 72);
     wanted.lfCharSet = DEFAULT_CHARSET;
     Text(kDialogFontText).copy(wanted.lfFaceName, LF_FACESIZE - 1);
     const std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont> font(CreateFontIndirectW(&wanted));
@@ -100,7 +98,7 @@ std::string Describe(const Shown& control) {
 
 } // namespace
 
-void ExpectGoodLayout(const UiDriver::Window& form, int dpi) {
+void ExpectGoodLayout(const UiDriver::Window& form, UINT dpi) {
     const std::vector<Shown> all = LookWhenStill(form);
     ASSERT_FALSE(all.empty());
     const bool scrolls = (GetWindowLongW(form.Hwnd(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)) != 0;
@@ -113,7 +111,7 @@ void ExpectGoodLayout(const UiDriver::Window& form, int dpi) {
         if (HasText(control)) {
             const bool isStatic = control.className == L"Static";
             const LONG mark = IsButtonOf(control, {BS_AUTOCHECKBOX, BS_AUTORADIOBUTTON, BS_RADIOBUTTON})
-                                  ? MulDiv(16, dpi, 96)
+                                  ? MulDiv(16, static_cast<int>(dpi), 96)
                                   : 0;
             const SIZE needed = SizeOfText(control.text, control.Width() - mark, isStatic, dpi);
             EXPECT_LE(needed.cx + mark, control.Width()) << Describe(control);
@@ -137,12 +135,4 @@ void ExpectOneRow(const UiDriver::Window& form, std::initializer_list<int> ids) 
     for (const int id : ids) {
         EXPECT_NEAR(centre(id), centre(*ids.begin()), 1) << "control " << id;
     }
-}
-
-void ScaleTo(const UiDriver::Window& form, int dpi) {
-    const RECT place = form.Rect();
-    const UiDriver::RemoteMemory memory(form.Hwnd(), sizeof place);
-    memory.Write(0, &place, sizeof place);
-    UiDriver::Send(form.Hwnd(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)), memory.Param());
-    form.WaitUntilAnswers();
 }

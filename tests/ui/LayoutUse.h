@@ -4,10 +4,7 @@
 
 /// What every form looks like at every scaling: each text in its control, no control over another, none outside
 /// the form. `dpi`: what the form is laid out for. Waits until the form stands still.
-void ExpectGoodLayout(const UiDriver::Window& form, int dpi);
+void ExpectGoodLayout(const UiDriver::Window& form, UINT dpi);
 
 /// Expects the visible controls to have one centre line.
 void ExpectOneRow(const UiDriver::Window& form, std::initializer_list<int> ids);
-
-/// Tells the form that it came to a screen of another scaling, as the system does.
-void ScaleTo(const UiDriver::Window& form, int dpi);

@@ -1,5 +1,6 @@
 #include "Fonts.h"
 #include "UiTest.h"
+#include "driver/Message.h"
 
 #include <algorithm>
 #include <set>
@@ -82,6 +83,38 @@ TEST_F(OnScreenPage, OffersFiveSizesThatStandForTheStepsOneToFive) {
         EXPECT_EQ(sizes.Item(i), Text(kFirstSizeText + i));
         EXPECT_EQ(sizes.ItemData(i), i + 1);
     }
+}
+
+TEST_F(OnScreenPage, TheWheelOverAClosedListChangesNothing) {
+    StartOnPage();
+    Dialog().BringToFrontForGood();
+    for (const int id : {IDC_cmbFontName, IDC_cmbFontSize}) {
+        const auto before = Combo(id).Selected();
+        Combo(id).Focus();
+        UiDriver::Mouse::MoveTo(Combo(id).Centre());
+        for (const int lines : {-3, 2}) {
+            UiDriver::Mouse::Turn(lines);
+            EXPECT_TRUE(UiDriver::HoldsFor([&] { return Combo(id).Selected() == before; },
+                                           UiDriver::Milliseconds(200)));
+        }
+    }
+}
+
+TEST_F(OnScreenPage, TheWheelScrollsAListThatIsOpen) {
+    StartOnPage();
+    Dialog().BringToFrontForGood();
+    const HWND faces = Combo(IDC_cmbFontName).Hwnd();
+    for (int i = 0; i < 60; ++i) { // more than any list shows at once
+        UiDriver::Send(faces, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"Another"));
+    }
+    UiDriver::Send(faces, CB_SETCURSEL, 0);
+    Combo(IDC_cmbFontName).Click();
+    UiDriver::WaitUntil([&] { return UiDriver::Send(faces, CB_GETDROPPEDSTATE) != 0; }, L"the list to open");
+    ASSERT_EQ(UiDriver::Send(faces, CB_GETTOPINDEX), 0);
+    const RECT box = Combo(IDC_cmbFontName).Rect();
+    UiDriver::Mouse::MoveTo({box.left + 20, box.bottom + 20});
+    UiDriver::Mouse::Turn(-1);
+    UiDriver::WaitUntil([&] { return UiDriver::Send(faces, CB_GETTOPINDEX) > 0; }, L"the list to scroll");
 }
 
 TEST_F(OnScreenPage, ApplyStoresFaceSizeAndSwitch) {

@@ -250,4 +250,15 @@ TEST_F(PatternSwitch, TheMouseWithChangesAsksOnce) {
     ModalBox::RequireNone(Program());
 }
 
+TEST_F(PatternSwitch, IsNotMadeByTheWheelOverAClosedList) {
+    StartLauncher();
+    Start();
+    Dialog().BringToFrontForGood();
+    DesktopBox().Focus();
+    UiDriver::Mouse::MoveTo(DesktopBox().Centre());
+    UiDriver::Mouse::Turn(-2);
+    ExpectNoSwitch();
+    ExpectShown(1);
+}
+
 } // namespace

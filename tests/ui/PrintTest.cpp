@@ -16,7 +16,7 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
-constexpr Milliseconds kPrinterTime{30000}; // the first use of a printer's fonts takes seconds
+constexpr Milliseconds kPrinterTime{120000}; // the first use of a printer's fonts takes seconds
 constexpr std::size_t kSmallestPrintout = 5000;
 
 DWORD PrinterCount() {

@@ -1,5 +1,8 @@
+#include "driver/Scaling.h"
 #include "LayoutUse.h"
 #include "WizardUse.h"
+#include "driver/Message.h"
+#include "driver/RemoteMemory.h"
 
 namespace {
 
@@ -10,7 +13,7 @@ namespace Mouse = UiDriver::Mouse;
 
 class Scaling : public UiTest {
 protected:
-    void Scale(int dpi) const { ScaleTo(Dialog(), dpi); }
+    void Scale(UINT dpi) const { UiDriver::ScaleTo(Dialog().Hwnd(), dpi); }
 };
 
 TEST_F(Scaling, NothingStaysOnTheScreenOfTheFormerLayout) {
@@ -44,7 +47,7 @@ TEST_F(Scaling, APageThatIsFirstShownAfterwardsLooksAsOneThatWasThere) {
 
 TEST_F(Scaling, TabsCanBeClickedAfterwards) {
     Start();
-    for (const int dpi : {120, 192, 96}) {
+    for (const UINT dpi : {120U, 192U, 96U}) {
         Scale(dpi);
         for (const int page : {1, 2, 0}) {
             OpenPage(page);
@@ -55,7 +58,7 @@ TEST_F(Scaling, TabsCanBeClickedAfterwards) {
 TEST_F(Scaling, TabsCanBeClickedAfterARightClickOnThePage) {
     Start();
     OpenPage(1);
-    for (const int dpi : {96, 120}) {
+    for (const UINT dpi : {96U, 120U}) {
         Scale(dpi);
         Item(IDC_cmdUserManager1).Click(UiDriver::MouseButton::Right);
         Dialog().WaitUntilAnswers();
@@ -64,14 +67,56 @@ TEST_F(Scaling, TabsCanBeClickedAfterARightClickOnThePage) {
     }
 }
 
+/// What the form answers to the system's question for its size on a screen of that scaling.
+SIZE ToldSize(const UiDriver::Window& form, UINT dpi) {
+    const SIZE suggested{1, 1};
+    const UiDriver::RemoteMemory memory(form.Hwnd(), sizeof suggested);
+    memory.Write(0, &suggested, sizeof suggested);
+    EXPECT_EQ(UiDriver::Send(form.Hwnd(), WM_GETDPISCALEDSIZE, dpi, memory.Param()), TRUE);
+    SIZE told{};
+    memory.Read(0, &told, sizeof told);
+    return told;
+}
+
+TEST_F(Scaling, IsToldBeforehandInTheSizeThatTheFormThenHas) {
+    Start();
+    Dialog().BringToFrontForGood();
+    for (const UINT dpi : {144U, 120U, 96U}) {
+        const Picture before = Picture::CaptureStill(Dialog().Hwnd());
+        const SIZE told = ToldSize(Dialog(), dpi);
+        EXPECT_EQ(UiDriver::DifferingPixels(before, Picture::CaptureStill(Dialog().Hwnd())), 0U)
+            << "asking alone changes nothing";
+        Scale(dpi);
+        const RECT rect = Dialog().Rect();
+        EXPECT_EQ(told.cx, rect.right - rect.left) << dpi;
+        EXPECT_EQ(told.cy, rect.bottom - rect.top) << dpi;
+    }
+}
+
+// Near the border of two monitors the new size alone can bring a form to the other one.
+TEST_F(Scaling, IsTheOneOfTheScreenThatTheFormIsOnAfterItsMove) {
+    Start();
+    Scale(120);
+    const RECT expected = Dialog().Rect();
+    const RECT apply = Item(IDC_cmdApply).Rect();
+    Scale(96);
+    UiDriver::FakeScaling(Dialog().Hwnd(), 120);
+    UiDriver::TellScaling(Dialog().Hwnd(), 192);
+    const RECT rect = Dialog().Rect();
+    EXPECT_EQ(rect.right - rect.left, expected.right - expected.left);
+    EXPECT_EQ(rect.bottom - rect.top, expected.bottom - expected.top);
+    const RECT now = Item(IDC_cmdApply).Rect();
+    EXPECT_EQ(now.right - now.left, apply.right - apply.left);
+}
+
 /// The wizard at 300 %, which is larger than the tests' screen.
 class LargeForm : public WizardUse {
 protected:
-    static constexpr int kLarge = 288;
+    static constexpr UINT kLarge = 288;
 
     void OpenLarge() {
         Open();
-        ScaleTo(Wizard(), kLarge);
+        UiDriver::ScaleTo(Wizard().Hwnd(), kLarge);
         Wizard().BringToFrontForGood();
     }
 
@@ -162,11 +207,11 @@ TEST_F(LargeForm, IsScrolledByItsBars) {
 TEST_F(LargeForm, HasNoScrollBarsOnceItFitsAgain) {
     Open();
     const RECT before = Wizard().Rect();
-    ScaleTo(Wizard(), kLarge);
+    UiDriver::ScaleTo(Wizard().Hwnd(), kLarge);
     Keyboard::Press(VK_TAB);
     Keyboard::Press(VK_TAB);
     WaitUntil([&] { return Seen(IDC_cmdCancel); }, L"Cancel to be in view");
-    ScaleTo(Wizard(), 96);
+    UiDriver::ScaleTo(Wizard().Hwnd(), 96);
     EXPECT_FALSE(Scrolls());
     Part(IDC_optMFButton0).Focus();
     // The window manager's answer to the new size may come later.
@@ -177,7 +222,7 @@ TEST_F(LargeForm, HasNoScrollBarsOnceItFitsAgain) {
 
 TEST_F(LargeForm, APageThatIsFirstShownAfterScrollingStandsInItsPlace) {
     Start();
-    ScaleTo(Dialog(), kLarge);
+    UiDriver::ScaleTo(Dialog().Hwnd(), kLarge);
     Dialog().BringToFrontForGood();
     Item(IDC_cmdCancel).Focus();
     Keyboard::Press(VK_TAB);

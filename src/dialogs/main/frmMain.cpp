@@ -101,12 +101,6 @@ void frmMain::TurnPage(int step) {
     SelectPage((current + step + count) % count);
 }
 
-bool frmMain::OnMouseWheel(HWND control) {
-    // A turn of the wheel over a closed list would switch Patterns unasked.
-    const int id = GetDlgCtrlID(control);
-    return IsOneOf(id, IDC_cmbUserName0, 2) && SendMessageW(control, CB_GETDROPPEDSTATE, 0, 0) == 0;
-}
-
 bool frmMain::OnKeyDown(WPARAM key) {
     if (GetKeyState(VK_CONTROL) >= 0) {
         return false;

@@ -44,7 +44,6 @@ protected:
     void OnDestroy() override;
     bool OnPrivateMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool OnKeyDown(WPARAM key) override;
-    bool OnMouseWheel(HWND control) override;
     bool OnMouseMessage(const MSG& message) override;
 
 private:

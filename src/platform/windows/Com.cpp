@@ -23,12 +23,6 @@ ComApartment::~ComApartment() {
     }
 }
 
-void EnterComApartment() {
-    // Never left: other libraries would have to be told to let their objects go first.
-    static const auto* const kApartment = new ComApartment; // NOLINT(cppcoreguidelines-owning-memory)
-    (void)kApartment;
-}
-
 HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object) {
     static const auto kCreate = OleProcedure<decltype(CoCreateInstance)>("CoCreateInstance");
     return kCreate == nullptr ? E_FAIL : kCreate(classId, nullptr, CLSCTX_INPROC_SERVER, interfaceId, object);

@@ -9,7 +9,7 @@ inline void ReleaseComObject(IUnknown* object) {
 }
 template <class Interface> using ComObject = Owned<Interface*, ReleaseComObject>;
 
-/// COM on this thread for as long as this lives.
+/// COM on this thread for as long as this lives. Shell, automation, printer drivers and screen readers ask for it.
 class ComApartment {
 public:
     ComApartment();
@@ -20,9 +20,6 @@ public:
 private:
     bool entered_;
 };
-
-/// COM on the user interface's thread, for the rest of the run.
-void EnterComApartment();
 
 /// CoCreateInstance.
 [[nodiscard]] HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object);

@@ -1,7 +1,6 @@
 #include "platform/windows/WindowsDrives.h"
 
 #include "platform/windows/Ansi.h"
-#include "platform/windows/NoSystemBoxes.h"
 
 #include <windows.h>
 
@@ -17,7 +16,6 @@ std::wstring RootOf(std::size_t letter) {
 }
 
 std::wstring LabelOf(const std::wstring& root) {
-    const NoSystemBoxes noBoxes;
     std::array<char, MAX_PATH + 1> label{};
     const BOOL answered =
         GetVolumeInformationA(ToAnsi(root).c_str(), label.data(), static_cast<DWORD>(label.size()), nullptr,
@@ -50,6 +48,5 @@ std::vector<std::wstring> WindowsDrives::Entries() const {
 }
 
 std::uint32_t WindowsDrives::Type(const std::wstring& root) const {
-    const NoSystemBoxes noBoxes;
     return GetDriveTypeA(ToAnsi(root).c_str());
 }

@@ -2,7 +2,6 @@
 
 #include "platform/windows/Ansi.h"
 #include "platform/windows/Handles.h"
-#include "platform/windows/NoSystemBoxes.h"
 
 #include <windows.h>
 
@@ -29,13 +28,11 @@ bool FindNext(HANDLE search, WIN32_FIND_DATAA& found) {
 } // namespace
 
 std::uint32_t WindowsFileSystem::Attributes(const std::wstring& path) const {
-    const NoSystemBoxes noBoxes;
     return GetFileAttributesA(ToAnsi(path).c_str());
 }
 
 bool WindowsFileSystem::Find(const std::wstring& pattern,
                              const std::function<bool(const FoundFile&)>& take) const {
-    const NoSystemBoxes noBoxes;
     WIN32_FIND_DATAA found{};
     // Without the short names, and many entries at a time: large folders take a fraction of the time.
     const HANDLE handle = FindFirstFileExA(ToAnsi(pattern).c_str(), FindExInfoBasic, &found,
@@ -54,7 +51,6 @@ bool WindowsFileSystem::Find(const std::wstring& pattern,
 
 bool WindowsFileSystem::Read(const std::wstring& path,
                              const std::function<bool(std::string_view)>& take) const {
-    const NoSystemBoxes noBoxes;
     const KernelHandle file =
         OwnedFile(CreateFileA(ToAnsi(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                               OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));

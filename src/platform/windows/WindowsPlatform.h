@@ -16,6 +16,9 @@
 /// Windows itself, behind every interface that the program asks through.
 class WindowsPlatform {
 public:
+    /// `productKey`: where the settings lie in the registry; see WindowsRegistry.
+    explicit WindowsPlatform(const std::wstring& productKey) : registry_(productKey) {}
+
     [[nodiscard]] Platform Interfaces() {
         return {registry_, profileFiles_, ansiText_, strings_, windows_, instanceGuard_,
                 fonts_,    shell_,        files_,    drives_,  icons_};

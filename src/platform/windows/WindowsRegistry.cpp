@@ -13,15 +13,30 @@ HKEY HiveHandle(RegistryHive hive) {
     return hive == RegistryHive::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
 }
 
+Key Open(RegistryHive hive, const std::wstring& path, REGSAM view) {
+    HKEY key = nullptr;
+    return Key(RegOpenKeyExA(HiveHandle(hive), ToAnsi(path).c_str(), 0, KEY_READ | view, &key) ==
+                       ERROR_SUCCESS
+                   ? key
+                   : nullptr);
+}
+
 } // namespace
+
+WindowsRegistry::WindowsRegistry(const std::wstring& machineKey) {
+    constexpr REGSAM kOtherHalf = sizeof(void*) == sizeof(std::uint64_t) ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    if (!Open(RegistryHive::LocalMachine, machineKey, 0) &&
+        Open(RegistryHive::LocalMachine, machineKey, kOtherHalf)) {
+        machineView_ = kOtherHalf;
+    }
+}
 
 std::optional<RegistryValue> WindowsRegistry::Query(RegistryHive hive, const std::wstring& path,
                                                     const std::wstring& name) const {
-    HKEY opened = nullptr;
-    if (RegOpenKeyExA(HiveHandle(hive), ToAnsi(path).c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+    const Key key = Open(hive, path, hive == RegistryHive::LocalMachine ? machineView_ : 0);
+    if (!key) {
         return std::nullopt;
     }
-    const Key key(opened);
     const std::string valueName = ToAnsi(name);
     // Nearly every value fits here at the first call; a longer one is asked for again until another program
     // stops growing it.

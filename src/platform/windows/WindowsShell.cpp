@@ -3,7 +3,6 @@
 #include "platform/windows/Ansi.h"
 #include "platform/windows/AutomationObject.h"
 #include "platform/windows/Com.h"
-#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
@@ -40,7 +39,6 @@ bool WindowsShell::FileExists(const std::wstring& path) const {
 
 bool WindowsShell::Open(const std::wstring& file, const std::wstring& workingDirectory, WindowId owner) {
     constexpr std::intptr_t kLastErrorCode = 32;
-    EnterComApartment(); // handlers of some file types are COM objects
     const auto execute = SystemProcedure<decltype(ShellExecuteA)>(L"shell32.dll", "ShellExecuteA");
     if (execute == nullptr) {
         return false;
@@ -84,7 +82,6 @@ std::optional<std::wstring> WindowsShell::SpecialFolder(std::int32_t folder, Win
     if (kGetLocation == nullptr || kGetPath == nullptr || kFree == nullptr) {
         return std::nullopt;
     }
-    EnterComApartment();
     PIDLIST_ABSOLUTE list = nullptr;
     if (FAILED(kGetLocation(reinterpret_cast<HWND>(owner), folder, &list))) {
         return std::nullopt;
@@ -106,8 +103,6 @@ std::optional<std::wstring> WindowsShell::SpecialFolderPath(std::int32_t folder)
 }
 
 std::optional<std::wstring> WindowsShell::ShortcutTarget(const std::wstring& file) const {
-    EnterComApartment();
-    const NoSystemBoxes noBoxes;
     const auto automation = AutomationObject::Create(L"WScript.Shell");
     const auto shortcut = automation ? automation->CallForObject(L"CreateShortcut", file) : std::nullopt;
     return shortcut ? shortcut->GetText(L"TargetPath") : std::nullopt;
@@ -119,8 +114,6 @@ std::optional<std::wstring> WindowsShell::InternetShortcutAddress(const std::wst
     constexpr IID kUniformResourceLocator{
         0xCABB0DA0, 0xDA57, 0x11CF, {0x99, 0x74, 0x00, 0x20, 0xAF, 0xD7, 0x97, 0x62}};
     constexpr IID kPersistFile{0x0000010B, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-    EnterComApartment();
-    const NoSystemBoxes noBoxes;
     const auto locator =
         CreateComObject<IUniformResourceLocatorW>(kInternetShortcut, kUniformResourceLocator);
     if (!locator) {

@@ -2,7 +2,6 @@
 
 #include "platform/windows/Ansi.h"
 #include "platform/windows/Com.h"
-#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
@@ -25,8 +24,6 @@ ShellFileInfo WindowsShellIcons::Query(const std::wstring& path, std::uint32_t f
     if (kGetFileInfo == nullptr) {
         return {};
     }
-    EnterComApartment(); // icons may come from COM objects
-    const NoSystemBoxes noBoxes;
     SHFILEINFOA found{};
     const DWORD_PTR imageList = kGetFileInfo(ToAnsi(path).c_str(), 0, &found, sizeof found, flags);
     if (found.hIcon != nullptr) {

@@ -17,20 +17,20 @@ void RequireSuccess(LSTATUS status, const std::wstring& action) {
     }
 }
 
-UniqueRegistryKey OpenForReading(HKEY root, const std::wstring& path) {
+UniqueRegistryKey OpenForReading(HKEY root, const std::wstring& path, REGSAM view) {
     UniqueRegistryKey key;
-    const LSTATUS status = RegOpenKeyExW(root, path.c_str(), 0, KEY_READ, key.Out());
+    const LSTATUS status = RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.Out());
     if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) {
         RequireSuccess(status, L"opening the key " + path);
     }
     return key;
 }
 
-UniqueRegistryKey OpenForWriting(HKEY root, const std::wstring& path) {
+UniqueRegistryKey OpenForWriting(HKEY root, const std::wstring& path, REGSAM view) {
     UniqueRegistryKey key;
-    RequireSuccess(
-        RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, key.Out(), nullptr),
-        L"creating the key " + path);
+    RequireSuccess(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE | view, nullptr,
+                                   key.Out(), nullptr),
+                   L"creating the key " + path);
     return key;
 }
 
@@ -84,8 +84,8 @@ std::wstring DescribeValue(const RawValue& value) {
     return text;
 }
 
-void DumpInto(std::wstring& text, HKEY root, const std::wstring& path) {
-    const UniqueRegistryKey key = OpenForReading(root, path);
+void DumpInto(std::wstring& text, HKEY root, const std::wstring& path, REGSAM view) {
+    const UniqueRegistryKey key = OpenForReading(root, path, view);
     if (!key) {
         return;
     }
@@ -119,25 +119,25 @@ void DumpInto(std::wstring& text, HKEY root, const std::wstring& path) {
     }
     std::sort(subkeys.begin(), subkeys.end());
     for (const std::wstring& subkey : subkeys) {
-        DumpInto(text, root, std::wstring(path).append(1, L'\\').append(subkey));
+        DumpInto(text, root, std::wstring(path).append(1, L'\\').append(subkey), view);
     }
 }
 
 } // namespace
 
 bool RegistryKey::Exists() const {
-    return static_cast<bool>(OpenForReading(root_, path_));
+    return static_cast<bool>(OpenForReading(root_, path_, view_));
 }
 
 void RegistryKey::SetDword(const std::wstring& name, DWORD value) const {
-    const UniqueRegistryKey key = OpenForWriting(root_, path_);
+    const UniqueRegistryKey key = OpenForWriting(root_, path_, view_);
     RequireSuccess(RegSetValueExW(key.Get(), name.c_str(), 0, REG_DWORD,
                                   reinterpret_cast<const BYTE*>(&value), sizeof value),
                    L"writing the value " + name);
 }
 
 void RegistryKey::SetString(const std::wstring& name, const std::wstring& value) const {
-    const UniqueRegistryKey key = OpenForWriting(root_, path_);
+    const UniqueRegistryKey key = OpenForWriting(root_, path_, view_);
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     RequireSuccess(RegSetValueExW(key.Get(), name.c_str(), 0, REG_SZ,
                                   reinterpret_cast<const BYTE*>(value.c_str()), size),
@@ -145,7 +145,7 @@ void RegistryKey::SetString(const std::wstring& name, const std::wstring& value)
 }
 
 void RegistryKey::SetAnsi(const std::string& name, const std::string& value) const {
-    const UniqueRegistryKey key = OpenForWriting(root_, path_);
+    const UniqueRegistryKey key = OpenForWriting(root_, path_, view_);
     RequireSuccess(RegSetValueExA(key.Get(), name.c_str(), 0, REG_SZ,
                                   reinterpret_cast<const BYTE*>(value.c_str()),
                                   static_cast<DWORD>(value.size() + 1)),
@@ -153,14 +153,14 @@ void RegistryKey::SetAnsi(const std::string& name, const std::string& value) con
 }
 
 void RegistryKey::SetRaw(const std::wstring& name, const RawValue& value) const {
-    const UniqueRegistryKey key = OpenForWriting(root_, path_);
+    const UniqueRegistryKey key = OpenForWriting(root_, path_, view_);
     RequireSuccess(RegSetValueExW(key.Get(), name.c_str(), 0, value.type, value.bytes.data(),
                                   static_cast<DWORD>(value.bytes.size())),
                    L"writing the value " + name);
 }
 
 std::optional<RawValue> RegistryKey::Raw(const std::wstring& name) const {
-    const UniqueRegistryKey key = OpenForReading(root_, path_);
+    const UniqueRegistryKey key = OpenForReading(root_, path_, view_);
     return key ? QueryRaw(key.Get(), name) : std::nullopt;
 }
 
@@ -189,7 +189,7 @@ std::optional<std::wstring> RegistryKey::String(const std::wstring& name) const 
 }
 
 std::optional<std::string> RegistryKey::Ansi(const std::string& name) const {
-    const UniqueRegistryKey key = OpenForReading(root_, path_);
+    const UniqueRegistryKey key = OpenForReading(root_, path_, view_);
     DWORD type = REG_NONE;
     DWORD size = 0;
     if (!key || RegQueryValueExA(key.Get(), name.c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS) {
@@ -206,7 +206,7 @@ std::optional<std::string> RegistryKey::Ansi(const std::string& name) const {
 }
 
 void RegistryKey::Erase(const std::wstring& name) const {
-    const UniqueRegistryKey key = OpenForWriting(root_, path_);
+    const UniqueRegistryKey key = OpenForWriting(root_, path_, view_);
     const LSTATUS status = RegDeleteValueW(key.Get(), name.c_str());
     if (status != ERROR_FILE_NOT_FOUND) {
         RequireSuccess(status, L"removing the value " + name);
@@ -214,15 +214,27 @@ void RegistryKey::Erase(const std::wstring& name) const {
 }
 
 void RegistryKey::EraseTree() const {
-    const LSTATUS status = RegDeleteTreeW(root_, path_.c_str());
+    const std::size_t name = path_.rfind(L'\\');
+    UniqueRegistryKey parent;
+    if (RegOpenKeyExW(root_, path_.substr(0, name).c_str(), 0, KEY_READ | KEY_WRITE | DELETE | view_,
+                      parent.Out()) == ERROR_FILE_NOT_FOUND) {
+        return;
+    }
+    const LSTATUS status = RegDeleteTreeW(parent.Get(), path_.c_str() + name + 1);
     if (status != ERROR_FILE_NOT_FOUND) {
         RequireSuccess(status, L"removing the key " + path_);
     }
 }
 
+void RegistryKey::CopyTo(const RegistryKey& target) const {
+    const UniqueRegistryKey from = OpenForReading(root_, path_, view_);
+    const UniqueRegistryKey to = OpenForWriting(target.root_, target.path_, target.view_);
+    RequireSuccess(RegCopyTreeW(from.Get(), nullptr, to.Get()), L"copying the key " + path_);
+}
+
 std::wstring RegistryKey::Dump() const {
     std::wstring text;
-    DumpInto(text, root_, path_);
+    DumpInto(text, root_, path_, view_);
     return text;
 }
 

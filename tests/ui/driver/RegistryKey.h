@@ -21,9 +21,13 @@ struct RawValue {
 /// A getter answers nullopt when the value is missing and fails when it is of another type.
 class RegistryKey {
 public:
-    RegistryKey(HKEY root, std::wstring path) : root_(root), path_(std::move(path)) {}
+    /// `view`: 0, or KEY_WOW64_... for one half of the registry on 64-bit Windows.
+    RegistryKey(HKEY root, std::wstring path, REGSAM view = 0)
+        : root_(root), path_(std::move(path)), view_(view) {}
 
-    [[nodiscard]] RegistryKey Sub(const std::wstring& name) const { return {root_, path_ + L'\\' + name}; }
+    [[nodiscard]] RegistryKey Sub(const std::wstring& name) const {
+        return {root_, path_ + L'\\' + name, view_};
+    }
 
     [[nodiscard]] bool Exists() const;
 
@@ -51,6 +55,9 @@ public:
     /// Removes the key and all below it; it need not exist.
     void EraseTree() const;
 
+    /// Puts all that is in the key and below it into the other one.
+    void CopyTo(const RegistryKey& target) const;
+
     /// The key and all below it as text, sorted: "[path]" lines, then `name=type:bytes in hex "text"` lines.
     /// Two dumps are equal when nothing changed.
     [[nodiscard]] std::wstring Dump() const;
@@ -58,6 +65,7 @@ public:
 private:
     HKEY root_;
     std::wstring path_;
+    REGSAM view_;
 };
 
 } // namespace UiDriver

@@ -1,6 +1,7 @@
 #include "Store.h"
 
 #include "TextFile.h"
+#include "Wait.h"
 
 #include <exception>
 
@@ -11,6 +12,8 @@ constexpr wchar_t kMakerPath[] = L"Software\\Korvo";
 constexpr wchar_t kProductPath[] = L"Software\\Korvo\\KORVOQLB";
 constexpr wchar_t kIniName[] = L"KORVOQLB.INI";
 
+constexpr REGSAM kOtherHalf = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+
 std::wstring Widen(const std::string& bytes) {
     return {bytes.begin(), bytes.end()};
 }
@@ -18,6 +21,11 @@ std::wstring Widen(const std::string& bytes) {
 } // namespace
 
 Store::Store() {
+    if (GetFileAttributesW(TestMachineMark().c_str()) == INVALID_FILE_ATTRIBUTES &&
+        GetEnvironmentVariableW(L"QLB_ERASE_SETTINGS", nullptr, 0) == 0) {
+        Fail(
+            L"this test erases the button settings of whoever runs it. Set QLB_ERASE_SETTINGS to have it so");
+    }
     Wipe();
 }
 
@@ -37,12 +45,21 @@ RegistryKey Store::User() {
     return {HKEY_CURRENT_USER, kProductPath};
 }
 
+RegistryKey Store::OtherMachine() {
+    return {HKEY_LOCAL_MACHINE, kProductPath, kOtherHalf};
+}
+
 ProfileFile Store::Ini() {
     return ProfileFile(WindowsDirectory() + L'\\' + kIniName);
 }
 
+std::wstring Store::TestMachineMark() {
+    return WindowsDirectory() + L"\\qlbutl-test-machine";
+}
+
 void Store::Wipe() {
     RegistryKey(HKEY_LOCAL_MACHINE, kMakerPath).EraseTree();
+    RegistryKey(HKEY_LOCAL_MACHINE, kMakerPath, kOtherHalf).EraseTree();
     RegistryKey(HKEY_CURRENT_USER, kMakerPath).EraseTree();
     Ini().Remove();
 }
