@@ -49,12 +49,12 @@ int GdiTableEntries() {
     constexpr std::size_t kTableInPeb = sizeof(void*) == 8 ? 0xF8 : 0x94;
     constexpr std::size_t kEntries = 65'536;
     struct Entry {
-        void* object;
+        ULONGLONG object;
         ULONG owner;
         USHORT unique;
         BYTE type;
         BYTE flags;
-        void* user;
+        ULONGLONG user;
     };
     const char* peb = nullptr;
 #ifdef _WIN64
