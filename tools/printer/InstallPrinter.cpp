@@ -47,7 +47,7 @@ int wmain(int count, wchar_t** arguments) {
         return EXIT_SUCCESS;
     }
     std::wstring driverFile = L"wineps.drv";
-    std::wstring environment = L"Windows x64";
+    std::wstring environment = sizeof(void*) == 8 ? L"Windows x64" : L"Windows NT x86";
     DRIVER_INFO_3W driver{};
     driver.cVersion = 3;
     driver.pName = driverName.data();

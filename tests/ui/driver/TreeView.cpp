@@ -294,7 +294,7 @@ void TreeView::WaitForNode(const Path& node, Milliseconds timeout) const {
 
 void TreeView::WaitForChildren(const Path& node, const std::vector<std::wstring>& texts,
                                Milliseconds timeout) const {
-    WaitUntil([&] { return ChildTexts(node) == texts; },
+    WaitUntil([&] { return Has(node) && ChildTexts(node) == texts; },
               L"the node " + Shown(node) + L" to hold " + Shown(texts), timeout);
 }
 
