@@ -15,7 +15,7 @@ SetCompressor /SOLID lzma
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\QLBUtl"
 ; What the demo settings added, one value each: its full name, and what it was set to.
 !define DEMO_RECORD "${ENTRY}\Demo"
-; The data files that came with them.
+; The data files that came with them: where each lies.
 !define DEMO_FILES "${ENTRY}\DemoFiles"
 !define UNINSTALLER "QLBUtl-uninstall.exe"
 
@@ -70,7 +70,7 @@ VIFileVersion "${VERSION}.0"
 
 !macro REMOVE_DEMO_FILE name
     ReadRegStr $0 HKLM "${DEMO_FILES}" "${name}"
-    ${If} $0 != ""
+    ${If} $0 == "$INSTDIR\${name}"
         Delete "$INSTDIR\${name}"
         DeleteRegValue HKLM "${DEMO_FILES}" "${name}"
     ${EndIf}
@@ -231,15 +231,33 @@ SectionEnd
 ; files that are there.
 !macro DEMO_FILE language name
     ReadRegStr $0 HKLM "${DEMO_FILES}" "${name}"
-    ${If} $0 != ""
+    ${If} $0 == "$INSTDIR\${name}"
     ${OrIfNot} ${FileExists} "$INSTDIR\${name}"
         File ${language}\${name}
-        WriteRegStr HKLM "${DEMO_FILES}" "${name}" "demo"
+        WriteRegStr HKLM "${DEMO_FILES}" "${name}" "$INSTDIR\${name}"
     ${EndIf}
+!macroend
+
+; $0 = "" when this half of the machine's registry has no settings.
+!macro SETTINGS_OF_MACHINE
+    EnumRegKey $0 HKLM "${SETTINGS}" 0
+    EnumRegValue $1 HKLM "${SETTINGS}" 0
+    StrCpy $0 "$0$1"
 !macroend
 
 Section /o "$(DemoName)" DemoSection
     SetOutPath $INSTDIR
+    ; A keyboard's own settings may lie in the other half, where the program finds them as long as this half has
+    ; none.
+    !insertmacro SETTINGS_OF_MACHINE
+    ${If} $0 == ""
+        SetRegView ${OTHER_VIEW}
+        !insertmacro SETTINGS_OF_MACHINE
+        SetRegView default
+        ${If} $0 != ""
+            Return
+        ${EndIf}
+    ${EndIf}
     ${If} $LANGUAGE = ${LANG_JAPANESE}
         !insertmacro DEMO_JAPANESE
         !insertmacro DEMO_FILE ja QLBCODE.DAT
@@ -279,6 +297,9 @@ Function .onInit
 
     ; An update keeps the demo settings that are there.
     EnumRegValue $2 HKLM "${DEMO_RECORD}" 0
+    ${If} $2 == ""
+        EnumRegValue $2 HKLM "${DEMO_FILES}" 0
+    ${EndIf}
     ClearErrors
     ${GetOptions} $0 "/demo" $1
     ${IfNot} ${Errors}
@@ -297,11 +318,11 @@ Section "Uninstall"
     ${GetOptions} $0 "/removesettings" $1
     ${IfNot} ${Errors}
         StrCpy $9 "remove"
+        Delete "$WINDIR\KORVOQLB.INI" ; all users', so never without being told
     ${Else}
         EnumRegKey $1 HKCU "${SETTINGS}" 0
         EnumRegValue $2 HKCU "${SETTINGS}" 0
         ${If} "$1$2" != ""
-        ${OrIf} ${FileExists} "$WINDIR\KORVOQLB.INI"
             ; An administrator's name may have been given for a user who is none.
             System::Call 'advapi32::GetUserNameW(w .r8, *i ${NSIS_MAX_STRLEN})'
             MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(RemoveSettings)" /SD IDNO IDNO kept
@@ -335,6 +356,5 @@ Section "Uninstall"
     ${If} $9 == "remove"
         DeleteRegKey HKCU "${SETTINGS}"
         DeleteRegKey /ifempty HKCU "Software\Korvo"
-        Delete "$WINDIR\KORVOQLB.INI"
     ${EndIf}
 SectionEnd

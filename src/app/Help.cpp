@@ -1,13 +1,10 @@
 #include "app/Help.h"
 
 #include "app/StringTable.h"
-
-std::wstring PathIn(const std::wstring& directory, const std::wstring& file) {
-    return directory.ends_with(L'\\') ? directory + file : directory + L"\\" + file;
-}
+#include "browse/Paths.h"
 
 std::wstring HelpFile(const Shell& shell) {
-    return PathIn(shell.ProgramDirectory(), L"QLBUTL.CHM");
+    return JoinPath(shell.ProgramDirectory(), L"QLBUTL.CHM");
 }
 
 bool HasHelpFile(const Shell& shell) {

@@ -5,9 +5,6 @@
 
 class StringTable;
 
-/// Directory and file name, joined by "\" unless the directory already ends with one.
-[[nodiscard]] std::wstring PathIn(const std::wstring& directory, const std::wstring& file);
-
 /// The help file beside the program.
 [[nodiscard]] std::wstring HelpFile(const Shell& shell);
 

@@ -189,7 +189,8 @@ bool TreeControl::GiveNextImage(const std::function<int(const std::wstring&)>& i
     data_[*index].image = kNoImage;
     const std::wstring path = data_[*index].iconPath.empty() ? data_[*index].key : data_[*index].iconPath;
     const int image = imageOf(path);
-    if (image < 0 || *index >= data_.size()) { // the shell may have worked off an event that emptied the tree
+    // The shell may have worked off an event that emptied the tree, or that has all images asked for anew.
+    if (image < 0 || *index >= data_.size() || data_[*index].image != kNoImage) {
         return true;
     }
     data_[*index].image = image;

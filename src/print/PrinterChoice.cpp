@@ -8,6 +8,7 @@
 namespace {
 
 constexpr WORD kMostPages = 99;
+constexpr WORD kCopiesAtFirst = 1;
 constexpr DWORD kLongestPath = 32768;
 /// Ports that are a file of the user's choice. It is asked for here: not every system asks by itself.
 constexpr std::wstring_view kFilePort = L"FILE:";
@@ -88,7 +89,7 @@ std::optional<PrinterChoice> PrinterChoice::Ask(HWND owner, const PrintDialog& s
     dialog.nMaxPage = kMostPages;
     dialog.nFromPage = 1;
     dialog.nToPage = 1;
-    dialog.nCopies = 1;
+    dialog.nCopies = kCopiesAtFirst;
     const BOOL chosen = show(dialog);
     PrinterChoice choice;
     choice.mode_.reset(dialog.hDevMode);
@@ -131,8 +132,8 @@ void PrinterChoice::SettleCopies(const PRINTDLGW& dialog) {
     if (mode == nullptr) {
         return;
     }
-    // Some dialogs leave the number in the driver's structure, some in both.
-    if ((mode->dmFields & DM_COPIES) != 0 && mode->dmCopies > job_.copies) {
+    // Some dialogs leave both in the driver's structure alone, and their own as it came.
+    if (job_.copies == kCopiesAtFirst && (mode->dmFields & DM_COPIES) != 0 && mode->dmCopies > 1) {
         job_.copies = mode->dmCopies;
         job_.collate = (mode->dmFields & DM_COLLATE) != 0 && mode->dmCollate == DMCOLLATE_TRUE;
     }

@@ -34,6 +34,11 @@ private:
 /// Behind the other tabs. An "&" in the caption marks its access key.
 void AddTab(HWND tabControl, std::wstring caption);
 
+/// Whether it is the id of a control of this array.
+[[nodiscard]] constexpr bool IsOneOf(int id, int first, int count) {
+    return id >= first && id < first + count;
+}
+
 /// Whether it is a combo box whose list is not open.
 [[nodiscard]] bool IsClosedComboBox(HWND control);
 

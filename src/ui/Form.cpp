@@ -161,7 +161,7 @@ void Form::RunLoop() {
     MSG message{};
     while (!ended_ && window_ != nullptr) {
         if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) {
-            if (!OnIdle()) {
+            if (!OnIdle() && !ended_ && window_ != nullptr) { // it may let messages be answered
                 MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
             }
             continue;
@@ -250,9 +250,11 @@ SIZE Form::LayOutFor(UINT dpi, const RECT& work) {
 
 SIZE Form::SizeAt(UINT dpi) {
     const UINT now = Dpi();
-    const RECT work = WorkArea(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST));
-    const SIZE size = LayOutFor(dpi, work);
-    LayOutFor(now, work);
+    const POINT scrolled = ScrollPosition(window_);
+    const SIZE size =
+        LayOutFor(dpi, {0, 0, SHRT_MAX, SHRT_MAX}); // which monitor it comes to is not known yet
+    LayOutFor(now, WorkArea(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST)));
+    ScrollTo(window_, scrolled);
     return size;
 }
 

@@ -43,6 +43,8 @@ public:
         return dialog(window_);
     }
     [[nodiscard]] bool IsAsking() const { return asking_; }
+    /// End was called; the loop is on its way out.
+    [[nodiscard]] bool HasEnded() const { return ended_; }
     /// A message box over this form. Returns the button (IDYES, ...), or 0 when the box could not be shown.
     int Ask(const std::wstring& text, const std::wstring& title, UINT style);
 
@@ -135,7 +137,7 @@ private:
     SIZE LayOut(const RECT& work);
     /// The same for a scaling.
     SIZE LayOutFor(UINT dpi, const RECT& work);
-    /// Of the whole window, were it on a monitor of that scaling.
+    /// Of the whole window, were it on a large monitor of that scaling.
     SIZE SizeAt(UINT dpi);
     /// The controls to where their rows say.
     void PlaceRows();

@@ -75,6 +75,11 @@ TEST_F(PrintCopies, AreThoseOfTheDriversStructure) {
     }
 }
 
+TEST_F(PrintCopies, AreThoseOfTheDialogsOwnStructure_BesideOthersOfTheDriver) {
+    Choose({2, true, short{5}, false});
+    ExpectCopies(2, true);
+}
+
 TEST_F(PrintCopies, AreNotMultiplied_WhenBothStructuresHaveThem) {
     for (const bool collate : {true, false}) {
         Choose({3, collate, short{3}, collate});

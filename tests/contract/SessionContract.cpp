@@ -21,6 +21,7 @@ TEST(WindowsSessionTest, HasComAndNoBoxesForDisks_AsLongAsItLives) {
         std::optional<WindowsSession> session(std::in_place);
         EXPECT_TRUE(ComIsEntered());
         EXPECT_NE(GetErrorMode() & SEM_FAILCRITICALERRORS, 0U);
+        EXPECT_NE(GetErrorMode() & SEM_NOOPENFILEERRORBOX, 0U);
         session.reset();
         EXPECT_FALSE(ComIsEntered());
     }).join();

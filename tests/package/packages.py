@@ -259,6 +259,17 @@ class Installer(unittest.TestCase):
         wine.run("reg", "delete", labels, "/v", "AppKey2", "/f")
         self.check_nothing_left()
 
+    def test_the_demo_hides_no_keyboard_of_the_other_half(self):
+        other = "HKLM\\Software\\Wow6432Node\\Korvo\\KORVOQLB"
+        set_value(other, "QLBB", "REG_DWORD", "2")
+        self.addCleanup(wine.run, "reg", "delete", "HKLM\\Software\\Wow6432Node\\Korvo", "/f")
+        self.before = wine.snapshot()
+        self.assertEqual(self.install("/demo"), 0)
+        self.assertEqual(settings(), {})
+        self.assertEqual(sorted(os.listdir(wine.unix_path(FOLDER))), FILES)
+        self.uninstall()
+        self.check_nothing_left()
+
     def test_the_users_settings_stay_unless_they_shall_go(self):
         # A neighbour of the same maker keeps its own.
         import_settings(os.path.join(wine.ROOT, "demo/en/QLBUtl-user.reg"))

@@ -8,6 +8,8 @@ import time
 PREFIX = os.environ["WINEPREFIX"]
 DRIVE_C = os.path.join(PREFIX, "drive_c")
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+if not os.path.exists(os.path.join(DRIVE_C, "windows/qlbutl-test-machine")) and "QLB_ERASE_SETTINGS" not in os.environ:
+    raise SystemExit("These tests erase the button settings of the Wine prefix. Set QLB_ERASE_SETTINGS to have it so.")
 WINDOW_CLASS = "^qlbutl.exe$"
 JAPANESE = {"LC_ALL": "ja_JP.UTF-8", "LOCPATH": os.path.join(ROOT, "build/wine/locale")}
 

@@ -2,16 +2,22 @@
 
 namespace {
 
-class TestMachine : public UiTest {};
+class TestMachine : public UiTest {
+protected:
+    ~TestMachine() override { MoveFileW(aside_.c_str(), mark_.c_str()); }
+
+    const std::wstring mark_ = UiDriver::Store::TestMachineMark();
+    const std::wstring aside_ = mark_ + L"-aside";
+};
 
 TEST_F(TestMachine, IsMarked_AndElsewhereNoSettingsAreErased) {
-    const std::wstring mark = UiDriver::Store::TestMachineMark();
-    const std::wstring aside = mark + L"-aside";
+    if (GetEnvironmentVariableW(L"QLB_ERASE_SETTINGS", nullptr, 0) != 0) {
+        GTEST_SKIP() << "they are to be erased";
+    }
     const std::wstring before = StoreDump();
-    ASSERT_NE(MoveFileW(mark.c_str(), aside.c_str()), FALSE);
+    ASSERT_NE(MoveFileW(mark_.c_str(), aside_.c_str()), FALSE);
     EXPECT_THROW(UiDriver::Store(), std::runtime_error);
     EXPECT_EQ(StoreDump(), before);
-    ASSERT_NE(MoveFileW(aside.c_str(), mark.c_str()), FALSE);
 }
 
 } // namespace

@@ -77,9 +77,4 @@ TEST_F(Help, IsThereWhenItsFileLiesBesideTheProgram) {
     EXPECT_TRUE(HasHelpFile(shell));
 }
 
-TEST(PathInTest, JoinsWithOneSeparator) {
-    EXPECT_EQ(PathIn(L"C:\\Tools", L"a.txt"), L"C:\\Tools\\a.txt");
-    EXPECT_EQ(PathIn(L"C:\\", L"a.txt"), L"C:\\a.txt");
-}
-
 } // namespace

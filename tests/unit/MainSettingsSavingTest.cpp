@@ -120,6 +120,17 @@ TEST_F(Saving, CountsATitleAsNoChange_ButSavesIt) {
     EXPECT_EQ(UserString(kFirstButton, L"ProgName1"), "Changed");
 }
 
+TEST_F(Saving, OkNeitherAsksNorSaves_WhenOnlyATitleChanged) {
+    PutUser(kFirstButton, L"ProgName1", "Former");
+    settings.Load();
+    ForgetOperations();
+    ButtonSlot slot = settings.Slot(1);
+    slot.Program(1).Title = L"Changed";
+    settings.SetSlot(1, slot);
+    EXPECT_TRUE(settings.Ok(AskNothing));
+    EXPECT_EQ(UserString(kFirstButton, L"ProgName1"), "Former");
+}
+
 TEST_F(Saving, SwitchesToAnotherPatternAtOnce) {
     settings.SwitchPattern(2, AskNothing);
     EXPECT_EQ(settings.CurrentPattern(), 2);

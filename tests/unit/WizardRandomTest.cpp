@@ -185,7 +185,9 @@ private:
         const bool picks = several || page == WizardPage::SelectProgramForSingle;
         EXPECT_EQ(flow->ShownSource().has_value(), picks);
         if (picks) {
-            EXPECT_EQ(flow->NextEnabled(), flow->Selected() && IsProgram(*flow->Selected()));
+            const auto found = selected_.find(*flow->ShownSource());
+            const bool program = found != selected_.end() && found->second && IsProgram(*found->second);
+            EXPECT_EQ(flow->NextEnabled(), program);
         }
         EXPECT_EQ(flow->FinishVisible(), several);
         EXPECT_EQ(flow->FinishEnabled(), several && !added_.empty());

@@ -26,10 +26,6 @@ namespace {
 
 constexpr UINT kSwitchPatternMessage = WM_APP + 1;
 
-bool IsOneOf(int id, int first, int count) {
-    return id >= first && id < first + count;
-}
-
 } // namespace
 
 frmMain::frmMain(const Platform& platform, const StringTable& texts, RegIniFunc& store, FontList& fonts,
@@ -391,7 +387,12 @@ bool frmMain::HasHelp() const {
 
 void frmMain::Help(HWND owner) {
     ShowHelp(platform_.shell, platform_.windows, texts_, std::bit_cast<WindowId>(owner));
-    EnableWindow(Control(IDC_cmdHelp), HasHelp() ? TRUE : FALSE); // the file may be gone by now
+    if (!HasHelp()) { // any more
+        if (GetFocus() == Control(IDC_cmdHelp)) {
+            FocusControl(IDC_cmdOK);
+        }
+        EnableWindow(Control(IDC_cmdHelp), FALSE);
+    }
 }
 
 bool frmMain::OnHelpKey() {

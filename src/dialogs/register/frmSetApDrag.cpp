@@ -66,7 +66,7 @@ void frmSetAp::HighlightSlot(int slot) {
 }
 
 void frmSetAp::StartDrag(const std::optional<PickedItem>& item, const Icon& icon) {
-    if (drag_ || IsAsking() || !item || !ButtonSlotEditor::CanDrag(*item)) {
+    if (drag_ || IsAsking() || HasEnded() || !item || !ButtonSlotEditor::CanDrag(*item)) {
         return;
     }
     const HICON shown = icon ? icon.get() : LoadIconW(nullptr, IDI_APPLICATION);

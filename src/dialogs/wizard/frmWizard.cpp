@@ -33,10 +33,6 @@ constexpr std::array kPages{
     PageOfForm{WizardPage::SomePrograms, IDC_fraSomePrograms, kTextSomeProgramsHeading},
 };
 
-bool IsOption(int id, int first, int count) {
-    return id >= first && id < first + count;
-}
-
 /// A selection by the user. What the control selects by itself when the keyboard comes to it is none; but a
 /// click on that node is.
 bool IsNodeClick(const NMHDR& header) {
@@ -162,13 +158,13 @@ HWND frmWizard::FirstFocus() const {
 }
 
 bool frmWizard::OnOption(int id) {
-    if (IsOption(id, IDC_optMFButton0, kWizardButtonOptions)) {
+    if (IsOneOf(id, IDC_optMFButton0, kWizardButtonOptions)) {
         flow_->ChooseButton(id - IDC_optMFButton0);
-    } else if (IsOption(id, IDC_optSelectLaunchMethod0, 3)) {
+    } else if (IsOneOf(id, IDC_optSelectLaunchMethod0, 3)) {
         flow_->ChooseLaunchMethod(id - IDC_optSelectLaunchMethod0);
-    } else if (IsOption(id, IDC_optSelectMenuForSingle0, static_cast<int>(kProgramSourceCount))) {
+    } else if (IsOneOf(id, IDC_optSelectMenuForSingle0, static_cast<int>(kProgramSourceCount))) {
         flow_->ChooseSourceForSingle(static_cast<ProgramSource>(id - IDC_optSelectMenuForSingle0));
-    } else if (IsOption(id, IDC_optSelectMenu0, static_cast<int>(kProgramSourceCount))) {
+    } else if (IsOneOf(id, IDC_optSelectMenu0, static_cast<int>(kProgramSourceCount))) {
         flow_->ChooseSource(static_cast<ProgramSource>(id - IDC_optSelectMenu0));
     } else {
         return false;
