@@ -60,6 +60,13 @@ struct TakenArguments {
     std::vector<std::string> names;
 };
 
+/// In front of a "[", or the library would take "[a,b]" apart.
+constexpr const char* kMark = "\x01";
+
+std::wstring Unmarked(const std::string& argument) {
+    return FromUtf8(argument.starts_with(kMark) ? argument.substr(1) : argument);
+}
+
 class Parser {
 public:
     explicit Parser(Tongue tongue) : tongue_(tongue), app_(Utf8(Say::kHelpProgram), "qlb") {
@@ -83,7 +90,7 @@ public:
     const CommandRow* Parse(const std::vector<std::wstring>& arguments, std::wstring& told, bool& isHelp) {
         std::vector<std::string> backwards;
         for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument) {
-            backwards.push_back(ToUtf8(*argument));
+            backwards.push_back((argument->starts_with(L'[') ? kMark : "") + ToUtf8(*argument));
         }
         isHelp = arguments.empty();
         if (isHelp) {
@@ -109,9 +116,9 @@ public:
 
     [[nodiscard]] Arguments Taken() const {
         Arguments arguments = taken_.arguments;
-        arguments.file = FromUtf8(taken_.file);
+        arguments.file = Unmarked(taken_.file);
         for (const std::string& name : taken_.names) {
-            arguments.names.push_back(FromUtf8(name));
+            arguments.names.push_back(Unmarked(name));
         }
         return arguments;
     }
@@ -136,11 +143,11 @@ private:
     void AddFile(CLI::App& app, Say help, bool required) {
         app.add_option("FILE", taken_.file, Utf8(help))->required(required)->type_name("");
     }
-    void AddNames(CLI::App& app, const char* what, Say help, int least, int most) {
+    void AddNames(CLI::App& app, const char* what, Say help, bool required, int most) {
         app.add_option(what, taken_.names, Utf8(help))
-            ->required(least > 0)
-            ->expected(least, most)
-            ->allow_extra_args(false) // or "[a,b]" would be taken apart
+            ->required(required)
+            ->expected(1, most)
+            ->allow_extra_args(most > 1)
             ->type_name("");
     }
     void AddOperands(CLI::App& app, Operands operands) {
@@ -153,16 +160,16 @@ private:
             break;
         case Operands::FileAndPatterns:
             AddFile(app, Say::kHelpFile, true);
-            AddNames(app, "PATTERN", Say::kHelpPatterns, 0, kMany);
+            AddNames(app, "PATTERN", Say::kHelpPatterns, false, kMany);
             break;
         case Operands::Pattern:
-            AddNames(app, "PATTERN", Say::kHelpPattern, 1, 1);
+            AddNames(app, "PATTERN", Say::kHelpPattern, true, 1);
             break;
         case Operands::MaybePattern:
-            AddNames(app, "PATTERN", Say::kHelpPattern, 0, 1);
+            AddNames(app, "PATTERN", Say::kHelpPattern, false, 1);
             break;
         case Operands::Button:
-            AddNames(app, "BUTTON", Say::kHelpButton, 1, 1);
+            AddNames(app, "BUTTON", Say::kHelpButton, true, 1);
             break;
         }
     }
@@ -178,7 +185,7 @@ private:
         const std::wstring command = chosen.empty() ? L"qlb" : L"qlb " + FromUtf8(chosen.front()->get_name());
         const auto extras = app_.remaining(true);
         if (!extras.empty()) {
-            return Said(tongue_, Say::kUsageUnknown, {FromUtf8(extras.front()), command});
+            return Said(tongue_, Say::kUsageUnknown, {Unmarked(extras.front()), command});
         }
         return Said(tongue_, missing ? Say::kUsageMissing : Say::kUsageWrong, {command});
     }

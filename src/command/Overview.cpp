@@ -96,8 +96,7 @@ public:
                 L"\">\n<head>\n<meta charset=\"utf-8\">\n"
                 L"<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
                 Html(title) + L"</title>\n<style>" + kStyle + L"</style>\n</head>\n<body>\n";
-        html_ += L"<svg width=\"0\" height=\"0\" style=\"position:absolute\" aria-hidden=\"true\" "
-                 L"focusable=\"false\">\n";
+        html_ += L"<svg width=\"0\" height=\"0\" style=\"position:absolute\" aria-hidden=\"true\">\n";
         for (const Picture& picture : kPictures) {
             html_ += picture.symbol;
         }
@@ -136,8 +135,8 @@ private:
     }
 
     void AddButton(int button, const ButtonSlot& slot) {
-        html_ += L"<tr><th scope=\"row\"><svg class=\"p\" viewBox=\"0 0 144 144\" aria-hidden=\"true\" "
-                 L"focusable=\"false\"><use href=\"#";
+        html_ += L"<tr><th scope=\"row\"><svg class=\"p\" viewBox=\"0 0 144 144\" aria-hidden=\"true\"><use "
+                 L"href=\"#";
         html_ += PictureOf(slot);
         html_ += L"\"/></svg>" + Html(view_.Label(button)) + L"</th><td>" + Html(slot.Name) + L"</td><td>" +
                  Html(Word(MethodName(slot))) + L"</td><td>";

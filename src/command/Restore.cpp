@@ -46,12 +46,11 @@ int RunRestore(Command& command, const Arguments& arguments) {
     if (!path) {
         return kExitUsage;
     }
-    const Restored result = Restore(command.settings, command.system.files, backups, *path);
+    const Restored result =
+        Restore(command.settings, command.system.files, backups, *path,
+                [&](const Backups::Taken& backup) { command.Tell(Say::kBackupIs, {backup.path}); });
     command.Tell(result.notes, *path);
     command.Tell(result.errors, *path);
-    if (!result.backup.path.empty()) {
-        command.Tell(Say::kBackupIs, {result.backup.path});
-    }
     switch (result.outcome) {
     case Restored::Outcome::Done:
         command.TellLauncher();

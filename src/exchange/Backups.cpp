@@ -131,7 +131,8 @@ void Backups::RemoveOld(const std::vector<std::wstring>& names) {
     }
 }
 
-Restored Restore(StoredSettings& store, WholeFiles& files, Backups& backups, const std::wstring& path) {
+Restored Restore(StoredSettings& store, WholeFiles& files, Backups& backups, const std::wstring& path,
+                 const std::function<void(const Backups::Taken&)>& taken) {
     Restored result;
     const auto bytes = files.Read(path, kLongestSettingsFile);
     if (!bytes) {
@@ -154,7 +155,10 @@ Restored Restore(StoredSettings& store, WholeFiles& files, Backups& backups, con
     result.backup = backups.TakeIfChanged();
     if (result.backup.path.empty()) {
         result.outcome = Restored::Outcome::NoBackup;
-    } else if (const auto refusal = Apply(store, before, wanted)) {
+        return result;
+    }
+    taken(result.backup);
+    if (const auto refusal = Apply(store, before, wanted)) {
         result.outcome = Restored::Outcome::Refused;
         result.refused = refusal->name;
         result.putBack = refusal->putBack;

@@ -3,7 +3,7 @@
 #include "exchange/Settings.h"
 #include "exchange/Words.h"
 
-#include <optional>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -61,7 +61,8 @@ struct Restored {
     bool putBack = false;
 };
 
-/// Makes the settings those of the file, after a backup. Who calls it holds the instance guard, and tells the launcher
-/// when it is Done.
-[[nodiscard]] Restored Restore(StoredSettings& store, WholeFiles& files, Backups& backups,
-                               const std::wstring& path);
+/// Makes the settings those of the file, after a backup; `taken` is told of it before the first write. Who calls it
+/// holds the instance guard, and tells the launcher when it is Done.
+[[nodiscard]] Restored Restore(
+    StoredSettings& store, WholeFiles& files, Backups& backups, const std::wstring& path,
+    const std::function<void(const Backups::Taken&)>& taken = [](const Backups::Taken&) {});
