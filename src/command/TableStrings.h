@@ -9,17 +9,7 @@ class TableStrings final : public StringSource {
 public:
     explicit TableStrings(Tongue tongue) : tongue_(tongue) {}
 
-    [[nodiscard]] std::wstring Load(int id) const override {
-        switch (id) {
-#define QLB_STRING(number, english, japanese) \
-    case number:                              \
-        return tongue_ == Tongue::Japanese ? L##japanese : L##english;
-#include "resources/StringTable.inc"
-#undef QLB_STRING
-        default:
-            return {};
-        }
-    }
+    [[nodiscard]] std::wstring Load(int id) const override;
 
 private:
     Tongue tongue_;

@@ -80,7 +80,7 @@ std::vector<std::wstring> Backups::Names() const {
 std::vector<std::wstring> Backups::List() const {
     std::vector<std::wstring> paths = Names();
     for (std::wstring& name : paths) {
-        name = folder_ + L"\\" + name;
+        name.insert(0, folder_ + L"\\");
     }
     return paths;
 }

@@ -22,16 +22,17 @@ std::optional<RegistryValue> Find(const Settings& settings, const EntryName& nam
 /// The Patterns first, then the numbers that say which of them count.
 std::vector<Change> Differences(const Settings& from, const Settings& to) {
     std::vector<Change> changes;
-    const auto& sections = LayoutSections();
-    for (auto section = sections.rbegin(); section != sections.rend(); ++section) {
-        for (const std::wstring& key : LayoutKeys(*section)) {
-            const EntryName name{*section, key};
+    const auto add = [&](const std::wstring& section) {
+        for (const std::wstring& key : LayoutKeys(section)) {
+            const EntryName name{section, key};
             Change change{name, Find(from, name), Find(to, name)};
             if (change.from != change.to) {
                 changes.push_back(std::move(change));
             }
         }
-    }
+    };
+    const auto& sections = LayoutSections();
+    std::for_each(sections.rbegin(), sections.rend(), add);
     return changes;
 }
 

@@ -2,7 +2,6 @@
 
 #include "platform/Registry.h"
 
-#include <compare>
 #include <map>
 #include <optional>
 #include <string>
@@ -14,7 +13,10 @@ struct EntryName {
     std::wstring section;
     std::wstring key;
 
-    auto operator<=>(const EntryName&) const = default;
+    bool operator==(const EntryName&) const = default;
+    bool operator<(const EntryName& other) const {
+        return section != other.section ? section < other.section : key < other.key;
+    }
 };
 
 /// One user's settings as they are stored. What the store does not have is not in it.

@@ -6,6 +6,7 @@
 #include "settings/StdModule.h"
 #include "settings/StoreLayout.h"
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -17,6 +18,10 @@ constexpr std::size_t kLongestProfileText = 511;
 
 RegistryPlace PlaceOf(const EntryName& name) {
     return *TranslateIniName(name.section, name.key); // every section of the layout has one
+}
+
+bool IsNumber(const EntryName& name) {
+    return PlaceOf(name).isNumber;
 }
 
 /// The registry's keys of the layout, and the entry behind each of their values.
@@ -112,7 +117,9 @@ bool StoredSettings::Write(const EntryName& name, const RegistryValue& value) {
     // Read without blanks around it and without one pair of quotes.
     constexpr std::wstring_view kBlanks = L" \t";
     constexpr std::wstring_view kQuotes = L"\"'";
-    const auto isOneOf = [](wchar_t c, std::wstring_view set) { return set.find(c) != set.npos; };
+    const auto isOneOf = [](wchar_t c, std::wstring_view set) {
+        return set.find(c) != std::wstring_view::npos;
+    };
     if (!text.empty() &&
         (isOneOf(text.front(), kBlanks) || isOneOf(text.back(), kBlanks) ||
          (text.size() > 1 && text.front() == text.back() && isOneOf(text.front(), kQuotes)))) {
@@ -135,16 +142,12 @@ void StoredSettings::RemoveEmptyKeys() {
     }
     // Backwards: the keys below come before the one that holds them.
     const auto& places = LayoutPlaces();
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
-        if (place->first != kProductKey) {
-            registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, place->first);
+    std::for_each(places.rbegin(), places.rend(), [&](const auto& place) {
+        if (place.first != kProductKey) {
+            registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, place.first);
         }
-    }
+    });
     registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, kProductKey + std::wstring(L"\\Setting"));
-}
-
-bool StoredSettings::IsNumber(const EntryName& name) const {
-    return PlaceOf(name).isNumber;
 }
 
 RegistryValue StoredSettings::ValueOf(const EntryName& name, std::wstring_view text) const {

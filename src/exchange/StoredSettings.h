@@ -60,7 +60,6 @@ public:
     [[nodiscard]] const AnsiText& CodePage() const { return ansiText_; }
 
 private:
-    [[nodiscard]] bool IsNumber(const EntryName& name) const;
     [[nodiscard]] Settings ReadRegistry() const;
     [[nodiscard]] Settings ReadIniFile() const;
 
