@@ -64,6 +64,9 @@ struct Arguments {
 class Command {
 public:
     explicit Command(const CommandSystem& asked);
+    ~Command() = default;
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
 
     const CommandSystem&
         system; // NOLINT(cppcoreguidelines-avoid-const-or-ref-data-members): it is not copied
@@ -95,9 +98,6 @@ public:
     [[nodiscard]] bool HasStoreForItself() const;
     void TellLauncher() const;
     void TellRefusal(const EntryName& name, bool putBack, const std::wstring& backup) const;
-
-private:
-    Command(const Command&) = delete;
 };
 
 /// Button names, methods and programs as the dialog would show them.
