@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <initializer_list>
 
 namespace {
 
@@ -13,8 +14,8 @@ constexpr int kPatterns = 10;
 constexpr int kButtons = 8;
 constexpr int kPrograms = 5;
 
-char output[4 * 1024 * 1024]; // NOLINT(cppcoreguidelines-avoid-c-arrays,readability-identifier-naming)
-std::size_t length = 0;       // NOLINT(readability-identifier-naming)
+char output[256 * 1024]; // NOLINT(cppcoreguidelines-avoid-c-arrays,readability-identifier-naming)
+std::size_t length = 0;  // NOLINT(readability-identifier-naming)
 
 void Print(const char* name, const char* text) {
     length += static_cast<std::size_t>(

@@ -53,11 +53,11 @@ int Command::Out(std::wstring_view text) const {
     return system.console.Out(text) ? kExitDone : kExitFile;
 }
 
-int Command::WriteFile(const Arguments& arguments, const std::string& utf8) const {
+int Command::WriteFile(const Arguments& arguments, const std::wstring& text) const {
     if (arguments.file == L"-") {
-        return Out(FromUtf8(utf8));
+        return Out(text);
     }
-    switch (system.files.Write(arguments.file, utf8, arguments.force)) {
+    switch (system.files.Write(arguments.file, ToUtf8(text), arguments.force)) {
     case FileWriting::Done:
         return kExitDone;
     case FileWriting::AlreadyThere:

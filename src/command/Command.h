@@ -83,7 +83,7 @@ public:
     [[nodiscard]] int Out(std::wstring_view text) const;
 
     /// Under the name that was asked for, or "-" for standard output. The exit code.
-    [[nodiscard]] int WriteFile(const Arguments& arguments, const std::string& utf8) const;
+    [[nodiscard]] int WriteFile(const Arguments& arguments, const std::wstring& text) const;
 
     /// The user's Patterns by their numbers.
     [[nodiscard]] std::vector<Choice> Patterns() const;

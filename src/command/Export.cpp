@@ -53,6 +53,5 @@ int RunExport(Command& command, const Arguments& arguments) {
         }
         settings = Chosen(command, settings, *chosen);
     }
-    const std::string file = WriteSettingsFile(settings, command.settings);
-    return command.WriteFile(arguments, file);
+    return command.WriteFile(arguments, SettingsFileText(settings, command.settings));
 }

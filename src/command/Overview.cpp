@@ -178,5 +178,5 @@ int RunOverview(Command& command, const Arguments& arguments) {
         return kExitUsage;
     }
     const PatternView view(command);
-    return command.WriteFile(arguments, ToUtf8(Page(command, view).Of(*patterns)));
+    return command.WriteFile(arguments, Page(command, view).Of(*patterns));
 }

@@ -208,7 +208,7 @@ SettingsFile ReadSettingsFile(std::string_view bytes, const StoredSettings& stor
     return Reader(store, ReadLines(bytes, store.CodePage())).Read();
 }
 
-std::string WriteSettingsFile(const Settings& settings, const StoredSettings& store) {
+std::wstring SettingsFileText(const Settings& settings, const StoredSettings& store) {
     std::wstring file = std::wstring(kFirstLine) + kLineEnd;
     std::set<std::wstring> names;
     for (const std::wstring& section : LayoutSections()) {
@@ -228,11 +228,16 @@ std::string WriteSettingsFile(const Settings& settings, const StoredSettings& st
                 !names.insert(*text).second) {
                 text.reset(); // twice in the store, and so it shall be again
             }
-            file += key + L"=" + (text ? WrittenText(*text) : WrittenBytes(entry->second)) + kLineEnd;
+            file.append(key).append(1, L'=');
+            file.append(text ? WrittenText(*text) : WrittenBytes(entry->second)).append(kLineEnd);
         }
     }
     file += kLineEnd + InBrackets(kEndSection) + kLineEnd;
-    return ToUtf8(file);
+    return file;
+}
+
+std::string WriteSettingsFile(const Settings& settings, const StoredSettings& store) {
+    return ToUtf8(SettingsFileText(settings, store));
 }
 
 std::vector<Choice> PatternsOf(const Settings& settings, const StoredSettings& store) {

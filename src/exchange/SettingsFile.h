@@ -26,6 +26,7 @@ inline constexpr std::size_t kLongestSettingsFile = 16'000'000;
 [[nodiscard]] SettingsFile ReadSettingsFile(std::string_view bytes, const StoredSettings& store);
 
 /// The .qlb file that ReadSettingsFile makes the same settings of.
+[[nodiscard]] std::wstring SettingsFileText(const Settings& settings, const StoredSettings& store);
 [[nodiscard]] std::string WriteSettingsFile(const Settings& settings, const StoredSettings& store);
 
 /// The Patterns that a file or store has, by their sections' numbers: those up to "NumUser" where that is stored,

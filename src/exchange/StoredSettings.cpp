@@ -20,25 +20,49 @@ RegistryPlace PlaceOf(const EntryName& name) {
     return *TranslateIniName(name.section, name.key); // every section of the layout has one
 }
 
-bool IsNumber(const EntryName& name) {
-    return PlaceOf(name).isNumber;
+/// One key of the registry: where it is below the section's own, and the entry behind each of its values.
+struct KeyLayout {
+    std::wstring below;
+    std::map<std::wstring, std::wstring, LessIgnoreCase> keys;
+};
+struct SectionLayout {
+    std::vector<KeyLayout> registryKeys;
+    std::set<std::wstring> numbers; ///< ini-style keys
+};
+
+/// The first entry of each section is in its own key.
+std::wstring OwnPath(const std::wstring& section) {
+    return PlaceOf({section, LayoutKeys(section).front()}).path;
 }
 
-/// The registry's keys of the layout, and the entry behind each of their values.
-using KeyEntries = std::map<std::wstring, EntryName, LessIgnoreCase>;
-const std::map<std::wstring, KeyEntries>& LayoutPlaces() {
-    static const std::map<std::wstring, KeyEntries> kPlaces = [] {
-        std::map<std::wstring, KeyEntries> places;
-        for (const std::wstring& section : LayoutSections()) {
-            for (const std::wstring& key : LayoutKeys(section)) {
-                const EntryName name{section, key};
-                const RegistryPlace place = PlaceOf(name);
-                places[place.path][place.name] = name;
-            }
+SectionLayout LayoutOf(const std::wstring& section) {
+    SectionLayout layout;
+    const std::size_t own = OwnPath(section).size();
+    for (const std::wstring& key : LayoutKeys(section)) {
+        RegistryPlace place = PlaceOf({section, key});
+        const std::wstring below = place.path.substr(own);
+        auto found = std::ranges::find(layout.registryKeys, below, &KeyLayout::below);
+        if (found == layout.registryKeys.end()) {
+            found = layout.registryKeys.insert(found, KeyLayout{below, {}});
         }
-        return places;
-    }();
-    return kPlaces;
+        found->keys[std::move(place.name)] = key;
+        if (place.isNumber) {
+            layout.numbers.insert(key);
+        }
+    }
+    return layout;
+}
+
+/// Pattern by Pattern the same.
+const SectionLayout& SharedLayout(const std::wstring& section) {
+    static const SectionLayout kProgram = LayoutOf(kProgramSection);
+    static const SectionLayout kOnScreen = LayoutOf(kOnScreenSection);
+    static const SectionLayout kPattern = LayoutOf(PatternSection(1));
+    return section == kProgramSection ? kProgram : section == kOnScreenSection ? kOnScreen : kPattern;
+}
+
+bool IsNumber(const EntryName& name) {
+    return SharedLayout(name.section).numbers.contains(name.key);
 }
 
 std::string_view UpToNul(std::string_view bytes) {
@@ -74,15 +98,19 @@ Settings StoredSettings::Read() const {
 
 Settings StoredSettings::ReadRegistry() const {
     Settings settings;
-    for (const auto& [path, entries] : LayoutPlaces()) {
-        for (NamedRegistryValue& found : registry_.Values(RegistryHive::CurrentUser, path)) {
-            const auto entry = entries.find(found.name);
-            if (entry == entries.end()) {
-                continue;
-            }
-            settings[entry->second] = std::move(found.value);
-            if (!found.exact) {
-                inexact_.insert(entry->second);
+    for (const std::wstring& section : LayoutSections()) {
+        const std::wstring own = OwnPath(section);
+        for (const KeyLayout& layout : SharedLayout(section).registryKeys) {
+            for (NamedRegistryValue& found :
+                 registry_.Values(RegistryHive::CurrentUser, own + layout.below)) {
+                const auto key = layout.keys.find(found.name);
+                if (key == layout.keys.end()) {
+                    continue;
+                }
+                if (!found.exact) {
+                    inexact_.insert({section, key->second});
+                }
+                settings[{section, key->second}] = std::move(found.value);
             }
         }
     }
@@ -141,12 +169,15 @@ void StoredSettings::RemoveEmptyKeys() {
         return;
     }
     // Backwards: the keys below come before the one that holds them.
-    const auto& places = LayoutPlaces();
-    std::for_each(places.rbegin(), places.rend(), [&](const auto& place) {
-        if (place.first != kProductKey) {
-            registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, place.first);
-        }
-    });
+    for (const std::wstring& section : LayoutSections()) {
+        const std::wstring own = OwnPath(section);
+        const auto& keys = SharedLayout(section).registryKeys;
+        std::for_each(keys.rbegin(), keys.rend(), [&](const KeyLayout& layout) {
+            if (section != kProgramSection) {
+                registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, own + layout.below);
+            }
+        });
+    }
     registry_.DeleteKeyIfEmpty(RegistryHive::CurrentUser, kProductKey + std::wstring(L"\\Setting"));
 }
 
@@ -179,10 +210,13 @@ std::wstring StoredSettings::ReadingOf(const EntryName& name, const RegistryValu
 
 std::optional<std::wstring> StoredSettings::TextOf(const EntryName& name, const RegistryValue& value) const {
     std::wstring text = ReadingOf(name, value);
-    if (ValueOf(name, text) == value && Judge(name, text) == TextProblem::None) {
-        return text;
+    if (ValueOf(name, text) != value) {
+        return std::nullopt;
     }
-    return std::nullopt;
+    // A text that is these bytes again is one that the code page keeps.
+    const TextProblem problem =
+        IsNumber(name) ? JudgeNumber(name, text) : JudgeText(text, value.bytes.size() - 1);
+    return problem == TextProblem::None ? std::optional(std::move(text)) : std::nullopt;
 }
 
 RegistryValue StoredSettings::Adapted(const EntryName& name, const RegistryValue& value) const {
@@ -197,15 +231,18 @@ TextProblem StoredSettings::Judge(const EntryName& name, const std::wstring& tex
     if (IsNumber(name)) {
         return JudgeNumber(name, text);
     }
+    const std::string bytes = ansiText_.Encode(text);
+    const TextProblem problem = JudgeText(text, bytes.size());
+    return problem == TextProblem::None && ansiText_.Decode(bytes) != text ? TextProblem::NotInCodePage
+                                                                           : problem;
+}
+
+TextProblem StoredSettings::JudgeText(const std::wstring& text, std::size_t bytes) const {
     if (text.find(L'\0') != std::wstring::npos) {
         return TextProblem::Nul;
     }
     if (!iniFile_.empty() && text.find_first_of(L"\r\n") != std::wstring::npos) {
         return TextProblem::LineEnd;
     }
-    const std::string bytes = ansiText_.Encode(text);
-    if (bytes.size() > LongestText()) {
-        return TextProblem::TooLong;
-    }
-    return ansiText_.Decode(bytes) == text ? TextProblem::None : TextProblem::NotInCodePage;
+    return bytes > LongestText() ? TextProblem::TooLong : TextProblem::None;
 }

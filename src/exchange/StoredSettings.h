@@ -60,6 +60,7 @@ public:
     [[nodiscard]] const AnsiText& CodePage() const { return ansiText_; }
 
 private:
+    [[nodiscard]] TextProblem JudgeText(const std::wstring& text, std::size_t bytes) const;
     [[nodiscard]] Settings ReadRegistry() const;
     [[nodiscard]] Settings ReadIniFile() const;
 

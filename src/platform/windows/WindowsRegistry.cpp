@@ -3,6 +3,7 @@
 #include "platform/windows/Ansi.h"
 #include "platform/windows/Handles.h"
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -64,7 +65,8 @@ std::optional<NamedRegistryValue> NamedValue(HKEY key, const std::wstring& name,
     const std::wstring_view whole(text.data(), size / sizeof(wchar_t));
     const bool ended = size % sizeof(wchar_t) == 0 && (whole.empty() || whole.back() == L'\0');
     found.value.bytes = ToAnsi(whole);
-    found.exact = FromAnsi(found.value.bytes) == whole;
+    const auto isAscii = [](wchar_t c) { return c < 0x80; };
+    found.exact = std::ranges::all_of(whole, isAscii) || FromAnsi(found.value.bytes) == whole;
     if (!ended || !found.exact) {
         auto value = ValueOf(key, ToAnsi(name));
         if (!value) {
@@ -93,10 +95,11 @@ std::optional<RegistryValue> WindowsRegistry::Query(RegistryHive hive, const std
 
 std::vector<NamedRegistryValue> WindowsRegistry::Values(RegistryHive hive, const std::wstring& path) const {
     constexpr std::size_t kLongestName = 16'384; // of a value, with its NUL
-    constexpr std::size_t kUsualSize = 2048;
+    constexpr std::size_t kUsualName = 64;
+    constexpr std::size_t kUsualSize = 512;
     const Key key = Open(hive, path, View(hive));
     std::vector<NamedRegistryValue> values;
-    std::wstring name(kLongestName, L'\0');
+    std::wstring name(kUsualName, L'\0');
     std::wstring data(kUsualSize, L'\0');
     for (DWORD index = 0; key;) {
         DWORD type = 0;
@@ -104,8 +107,10 @@ std::vector<NamedRegistryValue> WindowsRegistry::Values(RegistryHive hive, const
         auto size = static_cast<DWORD>(data.size() * sizeof(wchar_t));
         const LSTATUS status = RegEnumValueW(key.get(), index, name.data(), &nameLength, nullptr, &type,
                                              BytesOf(data.data()), &size);
-        if (status == ERROR_MORE_DATA && size > data.size() * sizeof(wchar_t)) {
-            data.resize(size / sizeof(wchar_t) + 1);
+        const bool grows = size > data.size() * sizeof(wchar_t);
+        if (status == ERROR_MORE_DATA && (grows || name.size() < kLongestName)) {
+            data.resize(grows ? size / sizeof(wchar_t) + 1 : data.size());
+            name.resize(kLongestName);
             continue;
         }
         if (status != ERROR_SUCCESS) {
