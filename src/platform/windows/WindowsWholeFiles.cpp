@@ -62,18 +62,23 @@ std::wstring NameBeside(const std::wstring& path) {
     return name + L".new";
 }
 
-/// ReplaceFile keeps the old file's rights and times of creation; it wants an old file.
+/// Whether a file may be taken away from under its name, as by a program that reads it and shares it for that.
+bool MayGo(const std::wstring& path) {
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    return OwnedFile(CreateFileW(path.c_str(), DELETE, kShared, nullptr, OPEN_EXISTING, 0, nullptr)) !=
+           nullptr;
+}
+
 DWORD Rename(const std::wstring& from, const std::wstring& to, bool mayReplace) {
-    if (mayReplace) {
-        if (ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != FALSE) {
-            return ERROR_SUCCESS;
-        }
-        if (IsFile(GetFileAttributesW(to.c_str())) && !IsFile(GetFileAttributesW(from.c_str()))) {
-            return ERROR_SUCCESS; // the rights could not be kept, but the file is the new one
-        }
-    }
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? MOVEFILE_REPLACE_EXISTING : 0U);
-    return MoveFileExW(from.c_str(), to.c_str(), flags) != FALSE ? ERROR_SUCCESS : GetLastError();
+    if (MoveFileExW(from.c_str(), to.c_str(), flags) != FALSE) {
+        return ERROR_SUCCESS;
+    }
+    const DWORD error = GetLastError();
+    // This one replaces a file that is open, too. Where it fails, some systems leave a file of their own.
+    const bool replaced = mayReplace && MayGo(to) &&
+                          ReplaceFileW(to.c_str(), from.c_str(), nullptr, 0, nullptr, nullptr) != FALSE;
+    return replaced ? ERROR_SUCCESS : error;
 }
 
 } // namespace
