@@ -24,7 +24,7 @@ namespace {
 constexpr const wchar_t* kIniFile = L"KORVOQLB.INI";
 
 void FillStore() {
-    WindowsRegistry registry;
+    WindowsRegistry registry(kProductKey);
     WindowsProfileFiles files;
     const WindowsAnsiText ansiText;
     RegIniFunc store(registry, files, ansiText, kIniFile);

@@ -15,7 +15,9 @@
 int wmain(int count, wchar_t** words) {
     // The program may lie in a folder of downloads: no library is taken from there.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-    WindowsRegistry registry;
+    // A drive without a disk makes a call fail instead of asking for the disk.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    WindowsRegistry registry(kProductKey);
     WindowsProfileFiles profileFiles;
     const WindowsAnsiText ansiText;
     WindowsWholeFiles files;

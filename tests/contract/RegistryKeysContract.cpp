@@ -31,7 +31,7 @@ class WindowsRig {
 public:
     static constexpr const char* kName = "Windows";
 
-    WindowsRegistry registry;
+    WindowsRegistry registry{kPath};
     void DenyReading() { denied_.emplace(kUser, kPath, KeyRight::Read); }
     void DenyWriting() { denied_.emplace(kUser, kPath, KeyRight::Write); }
 
@@ -121,7 +121,7 @@ TYPED_TEST(RegistryKeys, GoOnlyWhenTheyAreEmpty) {
 
 TEST(WindowsRegistryKeys, ThatAreEmptyGo) {
     const ScratchHives hives;
-    WindowsRegistry registry;
+    WindowsRegistry registry{kPath};
     ASSERT_TRUE(registry.Set(kUser, kPath + L"\\Sub", L"One", {kRegistryString, "x\0"s}));
     ASSERT_TRUE(registry.DeleteValue(kUser, kPath + L"\\Sub", L"One"));
     HKEY key = nullptr;
@@ -136,19 +136,19 @@ TEST(WindowsRegistryKeys, TellTextThatTheCodePageLacks) {
     const ScratchHives hives;
     RawRegistry::PutStored(kUser, kPath, L"Text", kRegistryString,
                            RawRegistry::StoredBytes(L"\x4E8C\xF1\0"s));
-    const auto values = WindowsRegistry().Values(kUser, kPath);
+    const auto values = WindowsRegistry(kPath).Values(kUser, kPath);
     ASSERT_EQ(values.size(), 1U);
     EXPECT_FALSE(values.front().exact);
-    EXPECT_THAT(WindowsRegistry().Query(kUser, kPath, L"Text"), Optional(values.front().value));
+    EXPECT_THAT(WindowsRegistry(kPath).Query(kUser, kPath, L"Text"), Optional(values.front().value));
 }
 
 TEST(WindowsRegistryKeys, HaveTextWithoutItsNulAsQueryGivesIt) {
     const ScratchHives hives;
     const std::string text = RawRegistry::StoredBytes(L"abcdef");
     RawRegistry::PutStored(kUser, kPath, L"Text", kRegistryString, std::string_view(text).substr(0, 8));
-    const auto values = WindowsRegistry().Values(kUser, kPath);
+    const auto values = WindowsRegistry(kPath).Values(kUser, kPath);
     ASSERT_EQ(values.size(), 1U);
-    EXPECT_THAT(WindowsRegistry().Query(kUser, kPath, L"Text"), Optional(values.front().value));
+    EXPECT_THAT(WindowsRegistry(kPath).Query(kUser, kPath, L"Text"), Optional(values.front().value));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "platform/windows/WindowsWholeFiles.h"
 
 #include "platform/windows/Handles.h"
-#include "platform/windows/NoSystemBoxes.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
@@ -84,7 +83,6 @@ DWORD Rename(const std::wstring& from, const std::wstring& to, bool mayReplace) 
 } // namespace
 
 std::optional<std::string> WindowsWholeFiles::Read(const std::wstring& path, std::size_t longest) const {
-    const NoSystemBoxes noBoxes;
     const KernelHandle file = OwnedFile(CreateFileW(
         FullPath(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
         OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
@@ -108,7 +106,6 @@ std::optional<std::string> WindowsWholeFiles::Read(const std::wstring& path, std
 }
 
 FileWriting WindowsWholeFiles::Write(const std::wstring& path, std::string_view bytes, bool mayReplace) {
-    const NoSystemBoxes noBoxes;
     const std::wstring target = FullPath(path);
     const DWORD attributes = GetFileAttributesW(target.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (!mayReplace || !IsFile(attributes))) {
@@ -133,12 +130,10 @@ FileWriting WindowsWholeFiles::Write(const std::wstring& path, std::string_view 
 }
 
 bool WindowsWholeFiles::Exists(const std::wstring& path) const {
-    const NoSystemBoxes noBoxes;
     return GetFileAttributesW(FullPath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::vector<std::wstring> WindowsWholeFiles::Names(const std::wstring& folder) const {
-    const NoSystemBoxes noBoxes;
     std::vector<std::wstring> names;
     WIN32_FIND_DATAW found{};
     const HANDLE handle = FindFirstFileExW((FullPath(folder) + L"\\*").c_str(), FindExInfoBasic, &found,
