@@ -7,8 +7,10 @@
 
 namespace {
 
-/// Some systems refuse more than 64 KB in one call.
-constexpr std::size_t kMostCharacters = 8000;
+/// Some consoles refuse more than 64 KB in one call.
+constexpr std::size_t kMostForConsole = 8000;
+/// As many as the system's functions can count in bytes.
+constexpr std::size_t kMostForFile = 100'000'000;
 
 bool IsFirstHalf(wchar_t c) {
     return c >= 0xD800 && c <= 0xDBFF;
@@ -41,7 +43,7 @@ bool Write(DWORD which, std::wstring_view text) {
     DWORD mode = 0;
     const bool isConsole = GetConsoleMode(stream, &mode) != FALSE;
     while (!text.empty()) {
-        std::size_t length = std::min(text.size(), kMostCharacters);
+        std::size_t length = std::min(text.size(), isConsole ? kMostForConsole : kMostForFile);
         if (length < text.size() && IsFirstHalf(text[length - 1])) {
             --length;
         }
