@@ -21,7 +21,7 @@ caption { text-align: start; font-size: 1.3rem; font-weight: 600; padding: .4rem
 th, td { border: 1px solid #b6bec7; padding: .45rem .6rem; text-align: start; vertical-align: top;
   overflow-wrap: anywhere; }
 thead th { background: #eef1f4; }
-.b { width: 19%; } .n { width: 18%; } .m { width: 18%; }
+.b { width: 18%; } .n { width: 15%; } .m { width: 14%; }
 tbody th { font-weight: 600; }
 svg.p { width: 2.25rem; height: 2.25rem; vertical-align: middle; margin-inline-end: .5rem; }
 ol, ul { margin: 0; padding-inline-start: 1.3rem; }

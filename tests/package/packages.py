@@ -369,7 +369,7 @@ class Signing(unittest.TestCase):
             self.assertTrue(archive.read(f"QLBUtl-{VERSION}-x64/QLBUtl.exe").endswith(self.MARK))
         self.assertFalse(content(f"{wine.ROOT}/build/windows-x64/QLBUtl.exe").endswith(self.MARK))
         self.assertEqual(wine.run(setup, "/S"), 0)
-        for name in ("QLBUtl.exe", "QLBUtl-uninstall.exe"):
+        for name in ("QLBUtl.exe", "qlb.exe", "QLBUtl-uninstall.exe"):
             self.assertTrue(content(wine.unix_path(f"{FOLDER}\\{name}")).endswith(self.MARK), name)
         Installer.uninstall()
 
