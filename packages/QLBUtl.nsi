@@ -18,6 +18,7 @@ SetCompressor /SOLID lzma
 ; The data files that came with them: where each lies.
 !define DEMO_FILES "${ENTRY}\DemoFiles"
 !define UNINSTALLER "QLBUtl-uninstall.exe"
+!define ENVIRONMENT "SYSTEM\CurrentControlSet\Control\Session Manager\Environment"
 
 ; Beyond NSIS' own 0 done, 1 cancelled, 2 failed.
 !define EXIT_IN_USE 3
@@ -83,6 +84,10 @@ Function ${un}CheckInUse
     StrCpy $1 "QLBUtl.exe"
     Call ${un}OpenToWrite
     ${If} $0 == ""
+        StrCpy $1 "qlb.exe"
+        Call ${un}OpenToWrite
+    ${EndIf}
+    ${If} $0 == ""
         StrCpy $1 "QLBUTL.CHM"
         Call ${un}OpenToWrite
     ${EndIf}
@@ -107,6 +112,78 @@ Function ${un}OpenToWrite
     ${Else}
         FileClose $2
     ${EndIf}
+FunctionEnd
+
+; The machine's path may be longer than any string of NSIS, so it stays in the system's memory.
+; $R1 = the key, $R2 = the value's type, $R3 = ";", the path and ";", with room for $R4 more characters;
+; $R5 = where ";" and the folder $R0 and ";" are in it, or 0. $R1 = 0 when the path can't be read.
+Function ${un}OpenPath
+    StrLen $R4 "$R0;;;"
+    System::Call 'advapi32::RegOpenKeyExW(p 0x80000002, w "${ENVIRONMENT}", i 0, i 0x2001B, *p .R1) i .r0'
+    ${If} $0 <> 0
+        StrCpy $R1 0
+        Return
+    ${EndIf}
+    StrCpy $R2 2 ; REG_EXPAND_SZ
+    System::Call 'advapi32::RegQueryValueExW(p R1, w "Path", p 0, *i .R2, p 0, *i .r1) i .r0'
+    ${If} $0 = 2
+        StrCpy $R2 2
+        StrCpy $1 2
+    ${ElseIf} $0 <> 0
+        System::Call 'advapi32::RegCloseKey(p R1)'
+        StrCpy $R1 0
+        Return
+    ${EndIf}
+    IntOp $2 $R4 * 2
+    IntOp $2 $2 + $1
+    System::Alloc $2 ; is filled with zeros
+    Pop $R3
+    System::Call 'kernel32::lstrcpyW(p R3, w ";")'
+    IntPtrOp $3 $R3 + 2
+    System::Call 'advapi32::RegQueryValueExW(p R1, w "Path", p 0, p 0, p r3, *i r1)'
+    System::Call 'kernel32::lstrcatW(p R3, w ";")'
+    System::Call 'shlwapi::StrStrIW(p R3, w ";$R0;") p .R5'
+FunctionEnd
+
+; Stores what lies between the outer ";".
+Function ${un}StorePath
+    System::Call 'kernel32::lstrlenW(p R3) i .r1'
+    IntOp $1 $1 - 1
+    IntOp $2 $1 * 2
+    IntPtrOp $3 $R3 + $2
+    System::Call '*$3(&i2 0)'
+    IntPtrOp $3 $R3 + 2
+    System::Call 'advapi32::RegSetValueExW(p R1, w "Path", i 0, i R2, p r3, i r2) i .r0'
+    SendMessage ${HWND_BROADCAST} ${WM_SETTINGCHANGE} 0 "STR:Environment" /TIMEOUT=5000
+FunctionEnd
+
+Function ${un}ClosePath
+    System::Free $R3
+    System::Call 'advapi32::RegCloseKey(p R1)'
+FunctionEnd
+
+; Takes the folder out of the path again, if it was this installer that put it there.
+Function ${un}RemoveFromPath
+    ReadRegStr $R0 HKLM "${ENTRY}" "Path"
+    DeleteRegValue HKLM "${ENTRY}" "Path"
+    ${If} $R0 == ""
+        Return
+    ${EndIf}
+    Call ${un}OpenPath
+    ${If} $R1 = 0
+        Return
+    ${EndIf}
+    ${If} $R5 <> 0
+        StrLen $1 ";$R0"
+        IntOp $1 $1 * 2
+        IntPtrOp $2 $R5 + $1
+        System::Call 'kernel32::lstrlenW(p r2) i .r3'
+        IntOp $3 $3 + 1
+        IntOp $3 $3 * 2
+        System::Call 'ntdll::RtlMoveMemory(p R5, p r2, p r3)'
+        Call ${un}StorePath
+    ${EndIf}
+    Call ${un}ClosePath
 FunctionEnd
 
 ; Takes back the demo's data files, and its values that are still as they were set.
@@ -162,6 +239,27 @@ Function RemoveOldPlace
     RMDir $0
 FunctionEnd
 
+Function AddToPath
+    StrCpy $R0 $INSTDIR
+    Call OpenPath
+    ${If} $R1 = 0
+        Return
+    ${EndIf}
+    ${If} $R5 = 0
+        ; ";a;" becomes ";a;folder;", and ";;" of an empty path ";folder;".
+        System::Call 'kernel32::lstrlenW(p R3) i .r1'
+        ${If} $1 = 2
+            System::Call 'kernel32::lstrcpyW(p R3, w ";")'
+        ${EndIf}
+        System::Call 'kernel32::lstrcatW(p R3, w "$R0;")'
+        Call StorePath
+        ${If} $0 = 0
+            WriteRegStr HKLM "${ENTRY}" "Path" $R0
+        ${EndIf}
+    ${EndIf}
+    Call ClosePath
+FunctionEnd
+
 ; Takes from the stack: kind, key below the settings, value name, data. What is there already stays: it may
 ; be a real keyboard's.
 Function AddDemoValue
@@ -195,6 +293,7 @@ Section "-QLBUtl" ProgramSection
     Call RemoveOldPlace
     SetOutPath $INSTDIR
     File QLBUtl.exe
+    File qlb.exe
     ${If} $LANGUAGE = ${LANG_JAPANESE}
         File ja\QLBUTL.CHM
     ${Else}
@@ -275,7 +374,18 @@ Section "-WithoutDemo"
     ${EndIf}
 SectionEnd
 
+Section /o "$(PathName)" PathSection
+    Call AddToPath
+SectionEnd
+
+Section "-WithoutPath"
+    ${IfNot} ${SectionIsSelected} ${PathSection}
+        Call RemoveFromPath
+    ${EndIf}
+SectionEnd
+
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+    !insertmacro MUI_DESCRIPTION_TEXT ${PathSection} "$(PathDescription)"
     !insertmacro MUI_DESCRIPTION_TEXT ${DemoSection} "$(DemoDescription)"
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
@@ -305,6 +415,15 @@ Function .onInit
     ${IfNot} ${Errors}
     ${OrIf} $2 != ""
         !insertmacro SelectSection ${DemoSection}
+    ${EndIf}
+
+    ; And its place in the path.
+    ReadRegStr $2 HKLM "${ENTRY}" "Path"
+    ClearErrors
+    ${GetOptions} $0 "/path" $1
+    ${IfNot} ${Errors}
+    ${OrIf} $2 != ""
+        !insertmacro SelectSection ${PathSection}
     ${EndIf}
 FunctionEnd
 
@@ -336,7 +455,9 @@ Section "Uninstall"
         Delete $0
     ${EndIf}
     Call un.RemoveDemo
+    Call un.RemoveFromPath
     Delete "$INSTDIR\QLBUtl.exe"
+    Delete "$INSTDIR\qlb.exe"
     Delete "$INSTDIR\QLBUTL.CHM"
     SetOutPath $TEMP
     ${If} $EXEDIR != $INSTDIR

@@ -23,3 +23,9 @@
 !insertmacro TEXT RemoveSettings \
     "Remove the button settings of the user $\"$8$\", too?$\n$\nThose of other users stay." \
     "ユーザー「$8」のボタン設定も削除しますか？$\n$\nほかのユーザーの設定は残ります。"
+!insertmacro TEXT PathName \
+    "qlb on the path" \
+    "qlb をパスに追加"
+!insertmacro TEXT PathDescription \
+    "The command line program qlb can be started from any folder: to carry, back up and bring back the settings." \
+    "コマンドラインプログラム qlb をどのフォルダーからでも実行できます。設定の持ち出し、バックアップ、復元ができます。"

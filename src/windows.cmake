@@ -3,6 +3,8 @@ add_library(qlb_windows STATIC
     platform/windows/AutomationObject.cpp
     platform/windows/Com.cpp
     platform/windows/JapaneseFont.cpp
+    platform/windows/WindowsClock.cpp
+    platform/windows/WindowsConsole.cpp
     platform/windows/WindowsDrives.cpp
     platform/windows/WindowsFileSystem.cpp
     platform/windows/WindowsInstalledFonts.cpp
@@ -15,7 +17,8 @@ add_library(qlb_windows STATIC
     platform/windows/WindowsShellIcons.cpp
     platform/windows/WindowsStringSource.cpp
     platform/windows/WindowsTextCase.cpp
-    platform/windows/WindowsTopLevelWindows.cpp)
+    platform/windows/WindowsTopLevelWindows.cpp
+    platform/windows/WindowsWholeFiles.cpp)
 target_include_directories(qlb_windows PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 user32)
 

@@ -14,6 +14,16 @@ public:
                                                      const std::wstring& name) const override;
     bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
              const RegistryValue& value) override;
+    [[nodiscard]] std::vector<NamedRegistryValue> Values(RegistryHive hive,
+                                                         const std::wstring& path) const override {
+        return real_.Values(hive, path);
+    }
+    bool DeleteValue(RegistryHive hive, const std::wstring& path, const std::wstring& name) override {
+        return real_.DeleteValue(hive, path, name);
+    }
+    void DeleteKeyIfEmpty(RegistryHive hive, const std::wstring& path) override {
+        real_.DeleteKeyIfEmpty(hive, path);
+    }
     bool DeleteKey(RegistryHive hive, const std::wstring& path) override {
         return real_.DeleteKey(hive, path);
     }

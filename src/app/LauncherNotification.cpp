@@ -34,16 +34,16 @@ bool LauncherNotification::NotifyLauncher() {
 }
 
 bool LauncherNotification::PostButtonToLauncher(const StartUp& startUp) {
-    if (!startUp.ButtonRequest) {
-        return false;
-    }
+    return startUp.ButtonRequest && PostButton(startUp.WizardButton);
+}
+
+bool LauncherNotification::PostButton(int index) {
     const WindowId launcher = windows_.Find(kLauncherClass, std::nullopt);
     if (launcher == 0) {
         return false;
     }
-    const std::uintptr_t button = startUp.WizardButton == kEighthButtonIndex
-                                      ? kEighthButton
-                                      : kFirstButton + static_cast<std::uintptr_t>(startUp.WizardButton);
+    const std::uintptr_t button =
+        index == kEighthButtonIndex ? kEighthButton : kFirstButton + static_cast<std::uintptr_t>(index);
     windows_.Post(launcher, kButtonRequest, button, &kOne);
     return true;
 }

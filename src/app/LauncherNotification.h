@@ -17,6 +17,9 @@ public:
     /// wanted and the launcher runs.
     bool PostButtonToLauncher(const StartUp& startUp);
 
+    /// Asks the launcher for a button, 0...7. True when the launcher runs.
+    bool PostButton(int index);
+
 private:
     TopLevelWindows& windows_;
 };

@@ -23,6 +23,10 @@ public:
     virtual bool SetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                            const std::wstring& file) = 0;
 
+    /// WritePrivateProfileStringA without a text: removes the entry. False when the file can't be written.
+    virtual bool DeleteEntry(const std::wstring& section, const std::wstring& key,
+                             const std::wstring& file) = 0;
+
     /// WritePrivateProfileStringA without a key: removes the section. False when the file can't be written.
     virtual bool DeleteSection(const std::wstring& section, const std::wstring& file) = 0;
 };

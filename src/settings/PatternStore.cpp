@@ -13,17 +13,10 @@ PatternStore::PatternStore(RegIniFunc& store, int buttonCount) : store_(store), 
 }
 
 std::vector<PatternEntry> PatternStore::Entries() const {
-    std::vector<PatternEntry> entries;
-    for (int button = 0; button <= buttonCount_; ++button) {
-        const int slot = button == 0 ? 0 : StorageSlot(button);
-        for (const PatternField& field : kPatternFields) {
-            if (field.IsOfPattern() != (button == 0)) {
-                continue;
-            }
-            const int first = field.IsOfProgram() ? 1 : 0;
-            for (int program = first; program <= first * kMaxPrograms; ++program) {
-                entries.push_back({&field, button, program, field.IniKey(slot, program)});
-            }
+    std::vector<PatternEntry> entries = PatternEntries(buttonCount_);
+    for (PatternEntry& entry : entries) {
+        if (entry.button != 0) {
+            entry.key = entry.field->IniKey(StorageSlot(entry.button), entry.program);
         }
     }
     return entries;

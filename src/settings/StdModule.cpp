@@ -174,6 +174,40 @@ std::size_t FindIgnoreCase(std::wstring_view text, std::wstring_view part) {
     return std::wstring_view::npos;
 }
 
+std::string ToUtf8(std::wstring_view text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    const auto put = [&bytes](std::uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+    const auto isHalf = [](std::uint32_t code, std::uint32_t first) {
+        return code >= first && code < first + 0x400;
+    };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto code = static_cast<std::uint32_t>(text[i]);
+        if (isHalf(code, 0xD800) && i + 1 < text.size() &&
+            isHalf(static_cast<std::uint32_t>(text[i + 1]), 0xDC00)) {
+            code = 0x10000 + ((code - 0xD800) << 10U) + (static_cast<std::uint32_t>(text[++i]) - 0xDC00);
+        } else if (isHalf(code, 0xD800) || isHalf(code, 0xDC00) || code > 0x10FFFF) {
+            code = kReplacement;
+        }
+        if (code < 0x80) {
+            put(code);
+        } else if (code < 0x800) {
+            put(0xC0 | code >> 6U);
+            put(0x80 | (code & 0x3FU));
+        } else if (code < 0x10000) {
+            put(0xE0 | code >> 12U);
+            put(0x80 | (code >> 6U & 0x3FU));
+            put(0x80 | (code & 0x3FU));
+        } else {
+            put(0xF0 | code >> 18U);
+            put(0x80 | (code >> 12U & 0x3FU));
+            put(0x80 | (code >> 6U & 0x3FU));
+            put(0x80 | (code & 0x3FU));
+        }
+    }
+    return bytes;
+}
+
 std::wstring FromUtf8(std::string_view bytes) {
     std::wstring text;
     while (!bytes.empty()) {

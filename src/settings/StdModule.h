@@ -69,5 +69,8 @@ struct LessIgnoreCase {
     return FindIgnoreCase(text, part) != std::wstring_view::npos;
 }
 
+/// Half of a surrogate pair becomes U+FFFD.
+[[nodiscard]] std::string ToUtf8(std::wstring_view text);
+
 /// Bytes that are no UTF-8 become U+FFFD, one for each.
 [[nodiscard]] std::wstring FromUtf8(std::string_view bytes);

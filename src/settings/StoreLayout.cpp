@@ -129,6 +129,22 @@ void PatternEntry::SetText(Pattern& pattern, const std::wstring& stored) const {
     }
 }
 
+std::vector<PatternEntry> PatternEntries(int buttonCount) {
+    std::vector<PatternEntry> entries;
+    for (int button = 0; button <= buttonCount; ++button) {
+        for (const PatternField& field : kPatternFields) {
+            if (field.IsOfPattern() != (button == 0)) {
+                continue;
+            }
+            const int first = field.IsOfProgram() ? 1 : 0;
+            for (int program = first; program <= first * kMaxPrograms; ++program) {
+                entries.push_back({&field, button, program, field.IniKey(button, program)});
+            }
+        }
+    }
+    return entries;
+}
+
 std::optional<RegistryPlace> TranslateIniName(const std::wstring& section, const std::wstring& key,
                                               const std::wstring& root) {
     if (section == kProgramSection) {

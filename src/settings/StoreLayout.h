@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 /// What each stored value is called in the ini-style names and in the registry, and where it lives in memory.
 
@@ -88,6 +89,9 @@ struct PatternEntry {
     [[nodiscard]] std::wstring TextOf(const Pattern& pattern) const;
     void SetText(Pattern& pattern, const std::wstring& stored) const;
 };
+
+/// All entries of a Pattern for that many buttons, in the order in which they are read and written.
+[[nodiscard]] std::vector<PatternEntry> PatternEntries(int buttonCount);
 
 /// Where an ini-style entry lives in the registry.
 struct RegistryPlace {

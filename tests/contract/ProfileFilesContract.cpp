@@ -318,6 +318,21 @@ TYPED_TEST(ProfileFilesContract, ASectionIsDeletedWithoutRegardToCase) {
     EXPECT_EQ(this->rig_.Line(L"Key"), std::nullopt);
 }
 
+TYPED_TEST(ProfileFilesContract, ADeletedEntryIsMissingAndTheOthersStay) {
+    this->rig_.PutLine(L"One", "text");
+    this->rig_.PutLine(L"Other", "kept");
+    EXPECT_TRUE(this->rig_.files.DeleteEntry(kSection, L"ONE", this->rig_.File()));
+    EXPECT_EQ(this->Get(L"One"), L"fallback");
+    EXPECT_EQ(this->Get(L"Other"), L"kept");
+    EXPECT_TRUE(this->rig_.files.DeleteEntry(kSection, L"One", this->rig_.File()));
+}
+
+TYPED_TEST(ProfileFilesContract, AnEntryThatCannotBeDeletedIsTold) {
+    this->rig_.PutLine(L"Key", "text");
+    this->rig_.MakeUnusable();
+    EXPECT_FALSE(this->rig_.files.DeleteEntry(kSection, L"Key", this->rig_.File()));
+}
+
 TYPED_TEST(ProfileFilesContract, AMissingSectionCountsAsDeleted) {
     this->rig_.PutLine(L"Key", "kept");
     EXPECT_TRUE(this->rig_.files.DeleteSection(L"USER2", this->rig_.File()));

@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-inline bool operator==(const RegistryValue& a, const RegistryValue& b) {
-    return a.type == b.type && a.bytes == b.bytes;
-}
-
 /// What a failed test shows of a value: of a long one only the start.
 inline void PrintTo(const RegistryValue& value, std::ostream* out) {
     *out << "type " << value.type << ", " << value.bytes.size() << " bytes "

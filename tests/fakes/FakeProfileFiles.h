@@ -20,7 +20,7 @@ class FakeProfileFiles final : public ProfileFiles, public CallFaults {
 public:
     static constexpr const wchar_t* kWindowsDirectory = L"C:\\Windows";
 
-    enum class Access { Read, Write, Delete };
+    enum class Access { Read, Write, Delete, DeleteEntry };
 
     struct Operation {
         Access access = Access::Read;
@@ -68,6 +68,18 @@ public:
             return false;
         }
         PutLine(section, key, file, ansiText_.Encode(value));
+        return true;
+    }
+
+    bool DeleteEntry(const std::wstring& section, const std::wstring& key,
+                     const std::wstring& file) override {
+        if (remembersCalls) {
+            operations_.push_back({Access::DeleteEntry, file, section, key, {}});
+        }
+        if (WriteFails(key)) {
+            return false;
+        }
+        Remove(section, key, file);
         return true;
     }
 

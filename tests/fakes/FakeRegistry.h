@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <functional>
 #include <map>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +18,7 @@
 /// them can be made to fail.
 class FakeRegistry final : public Registry, public CallFaults {
 public:
-    enum class Access { Read, Write, Delete };
+    enum class Access { Read, Write, Delete, DeleteValue };
 
     struct Operation {
         Access access = Access::Read;
@@ -25,10 +27,7 @@ public:
         std::wstring name;
         RegistryValue value; ///< what was written; nothing for a read
 
-        bool operator==(const Operation& other) const {
-            return access == other.access && hive == other.hive && path == other.path && name == other.name &&
-                   value.type == other.value.type && value.bytes == other.value.bytes;
-        }
+        bool operator==(const Operation&) const = default;
     };
 
     [[nodiscard]] std::optional<RegistryValue> Query(RegistryHive hive, const std::wstring& path,
@@ -56,6 +55,39 @@ public:
         return true;
     }
 
+    /// In the order of their names.
+    [[nodiscard]] std::vector<NamedRegistryValue> Values(RegistryHive hive,
+                                                         const std::wstring& path) const override {
+        if (remembersCalls) {
+            operations_.push_back({Access::Read, hive, path, {}, {}});
+        }
+        std::vector<NamedRegistryValue> values;
+        if (ReadFails()) {
+            return values;
+        }
+        const Key first = KeyOf(hive, path, {});
+        for (auto value = values_.lower_bound(first);
+             value != values_.end() && value->first.starts_with(first); ++value) {
+            const std::wstring name = value->first.substr(first.size());
+            values.push_back({name, value->second, !inexact_.contains(value->first)});
+        }
+        return values;
+    }
+
+    bool DeleteValue(RegistryHive hive, const std::wstring& path, const std::wstring& name) override {
+        if (remembersCalls) {
+            operations_.push_back({Access::DeleteValue, hive, path, name, {}});
+        }
+        if (WriteFails(name)) {
+            return false;
+        }
+        Remove(hive, path, name);
+        return true;
+    }
+
+    /// Keys have no life of their own here: one without values is none.
+    void DeleteKeyIfEmpty(RegistryHive /*hive*/, const std::wstring& /*path*/) override {}
+
     bool DeleteKey(RegistryHive hive, const std::wstring& path) override {
         if (remembersCalls) {
             operations_.push_back({Access::Delete, hive, path, {}, {}});
@@ -74,6 +106,10 @@ public:
     void PutRaw(RegistryHive hive, const std::wstring& path, const std::wstring& name, std::uint32_t type,
                 std::string_view bytes) {
         values_[KeyOf(hive, path, name)] = {type, std::string(bytes)};
+    }
+    /// The text there has characters that the code page lacks.
+    void MarkInexact(RegistryHive hive, const std::wstring& path, const std::wstring& name) {
+        inexact_.insert(KeyOf(hive, path, name));
     }
     /// `text` in bytes of the code page; the terminating NUL is added.
     void PutString(RegistryHive hive, const std::wstring& path, const std::wstring& name,
@@ -117,15 +153,11 @@ public:
         return std::bit_cast<std::int32_t>(bytes);
     }
 
-    [[nodiscard]] bool SameValues(const FakeRegistry& other) const {
-        return std::equal(
-            values_.begin(), values_.end(), other.values_.begin(), other.values_.end(),
-            [](const auto& a, const auto& b) { return a.first == b.first && SameValue(a.second, b.second); });
-    }
+    [[nodiscard]] bool SameValues(const FakeRegistry& other) const { return values_ == other.values_; }
     /// Where the two have another value, or one of them none.
     [[nodiscard]] std::vector<std::wstring> Differences(const FakeRegistry& other) const {
         std::vector<std::wstring> places;
-        ForEachDifference(values_, other.values_, SameValue,
+        ForEachDifference(values_, other.values_, std::equal_to<>(),
                           [&](const Key& key) { places.push_back(key.substr(1)); });
         return places;
     }
@@ -134,7 +166,7 @@ public:
         return KeyOf(operation.hive, operation.path, operation.name).substr(1);
     }
 
-    void TakeValuesOf(const FakeRegistry& other) { TakeAll(values_, other.values_, SameValue); }
+    void TakeValuesOf(const FakeRegistry& other) { TakeAll(values_, other.values_, std::equal_to<>()); }
     /// Takes that one value, or that it is missing; all of a key where the operation removes one.
     void TakePlace(const Operation& operation, const FakeRegistry& other) {
         if (operation.access == Access::Delete) {
@@ -193,14 +225,12 @@ private:
     }
     static constexpr wchar_t kEndOfPath = L'\n';
 
-    [[nodiscard]] static bool SameValue(const RegistryValue& a, const RegistryValue& b) {
-        return a.type == b.type && a.bytes == b.bytes;
-    }
     /// REG_SZ, REG_EXPAND_SZ, REG_MULTI_SZ.
     [[nodiscard]] static bool IsText(std::uint32_t type) {
         return type == kRegistryString || type == 2 || type == 7;
     }
 
     std::map<Key, RegistryValue> values_;
+    std::set<Key> inexact_;
     mutable std::vector<Operation> operations_;
 };

@@ -22,7 +22,7 @@ MENU = "C:\\ProgramData\\Microsoft\\Windows\\Start Menu\\Programs"
 FOLDER = "C:\\Program Files\\QLBUtl"
 ENGLISH = "Quickfire Button Settings"
 JAPANESE = "クイックファイアボタンの設定"
-FILES = ["QLBUTL.CHM", "QLBUtl-uninstall.exe", "QLBUtl.exe"]
+FILES = ["QLBUTL.CHM", "QLBUtl-uninstall.exe", "QLBUtl.exe", "qlb.exe"]
 DEMO_FILES = ["QLBCODE.DAT", "QLBMCMNU.DAT"]
 IN_USE, TOO_OLD = 3, 4
 
@@ -84,7 +84,7 @@ class Zip(unittest.TestCase):
         self.assertEqual({path.split("/")[0] for path in came}, {f"QLBUtl-{VERSION}-x64"})
 
     def test_holds_the_same_for_both_machines(self):
-        wanted = {"QLBUtl.exe", "README.txt", "demo/QLBUtl-remove.reg"}
+        wanted = {"QLBUtl.exe", "qlb.exe", "README.txt", "demo/QLBUtl-remove.reg"}
         for name in ("QLBUTL.CHM", "QLBCODE.DAT", "QLBMCMNU.DAT"):
             wanted |= {name, "ja/" + name}
         for language in ("en", "ja"):
@@ -314,6 +314,40 @@ class Installer(unittest.TestCase):
         shutil.rmtree(wine.unix_path(FOLDER))
         Installer.clean = self.check_nothing_left()
 
+    def test_qlb_is_in_the_path_if_that_is_asked_for(self):
+        environment = "HKLM\\SYSTEM\\CurrentControlSet\\Control\\Session Manager\\Environment"
+
+        def path():
+            values = wine.registry(environment)
+            return next(data for (_, name), data in values.items() if name and name.lower() == "path")
+
+        def as_text(data):
+            """What "hex(2):" has as bytes of UTF-16."""
+            numbers = data.removeprefix("str(2):").removeprefix("hex(2):")
+            if data.startswith("hex"):
+                return bytes(int(byte, 16) for byte in numbers.split(",")).decode("utf-16-le").rstrip("\0")
+            return wine.text(numbers)
+        # Longer than a string of the installer can be.
+        long = ";".join(["%SystemRoot%\\system32", "%SystemRoot%", *(f"C:\\Long\\{'x' * 90}{i}" for i in range(90))])
+        original = as_text(path())
+        set_value(environment, "Path", "REG_EXPAND_SZ", long)
+        self.addCleanup(set_value, environment, "Path", "REG_EXPAND_SZ", original)
+        self.before = wine.snapshot()
+        before = path()
+        self.assertEqual(self.install(), 0)
+        self.assertEqual(path(), before, "only if it is asked for")
+        self.assertEqual(self.install("/path"), 0)
+        self.assertEqual(as_text(path()), f"{long};{FOLDER}")
+        self.assertEqual(self.install("/path"), 0)
+        self.assertEqual(as_text(path()), f"{long};{FOLDER}", "once")
+        other = "C:\\Other Place\\QLB"
+        self.assertEqual(self.install(*last_option("/D=", other)), 0)
+        self.assertEqual(as_text(path()), f"{long};{other}", "an update keeps it, a move moves it")
+        self.uninstall(folder=other)
+        shutil.rmtree(wine.unix_path("C:\\Other Place"), ignore_errors=True)
+        self.assertEqual(path(), before)
+        self.check_nothing_left()
+
     def test_moves_to_another_folder_and_leaves_files_of_others(self):
         self.assertEqual(self.install(), 0)
         other = "C:\\Other Place\\QLB"
@@ -346,7 +380,7 @@ class Signing(unittest.TestCase):
             self.assertTrue(archive.read(f"QLBUtl-{VERSION}-x64/QLBUtl.exe").endswith(self.MARK))
         self.assertFalse(content(f"{wine.ROOT}/build/windows-x64/QLBUtl.exe").endswith(self.MARK))
         self.assertEqual(wine.run(setup, "/S"), 0)
-        for name in ("QLBUtl.exe", "QLBUtl-uninstall.exe"):
+        for name in ("QLBUtl.exe", "qlb.exe", "QLBUtl-uninstall.exe"):
             self.assertTrue(content(wine.unix_path(f"{FOLDER}\\{name}")).endswith(self.MARK), name)
         Installer.uninstall()
 
@@ -365,7 +399,9 @@ class Bytes(unittest.TestCase):
             program = os.path.join(wine.PREFIX, machine, "QLBUtl.exe")
             os.makedirs(os.path.dirname(program))
             # A copy has another place and another time.
-            shutil.copyfile(f"{wine.ROOT}/build/windows-{machine}/QLBUtl.exe", program)
+            for name in ("QLBUtl.exe", "qlb.exe"):
+                shutil.copyfile(f"{wine.ROOT}/build/windows-{machine}/{name}",
+                                os.path.join(os.path.dirname(program), name))
             subprocess.run([f"{wine.ROOT}/packages/pack", "--program", program, "--help-files", HELP,
                             "--output", again], env={**os.environ, "TZ": "Asia/Tokyo"}, cwd="/",
                            umask=0o077, stdout=subprocess.DEVNULL, check=True)

@@ -98,11 +98,19 @@ std::vector<std::string> TestStore::Written() const {
             lines.push_back(hive + "delete " + Place(write));
             continue;
         }
+        if (write.access == FakeRegistry::Access::DeleteValue) {
+            lines.push_back(hive + "delete value " + Place(write));
+            continue;
+        }
         lines.push_back(hive + Place(write) + " = " + Content(write.value));
     }
     for (const FakeProfileFiles::Operation& write : files.Writes()) {
         if (write.access == FakeProfileFiles::Access::Delete) {
             lines.push_back("delete [" + Narrow(write.section) + "]");
+            continue;
+        }
+        if (write.access == FakeProfileFiles::Access::DeleteEntry) {
+            lines.push_back("delete [" + Narrow(write.section) + "] " + Narrow(write.key));
             continue;
         }
         lines.push_back("[" + Narrow(write.section) + "] " + Narrow(write.key) + " = \"" +

@@ -25,9 +25,9 @@ std::string ToAnsi(std::wstring_view text) {
         constexpr std::size_t kNuls = 2; // that callers add
         std::string bytes;
         bytes.reserve(text.size() + kNuls);
-        for (const wchar_t c : text) {
-            bytes.push_back(static_cast<char>(c));
-        }
+        bytes.resize(text.size());
+        std::transform(text.begin(), text.end(), bytes.begin(),
+                       [](wchar_t c) { return static_cast<char>(c); });
         return bytes;
     }
     const int length = static_cast<int>(text.size());

@@ -30,6 +30,12 @@ bool WindowsProfileFiles::SetString(const std::wstring& section, const std::wstr
                                       ToAnsi(file).c_str()) != FALSE;
 }
 
+bool WindowsProfileFiles::DeleteEntry(const std::wstring& section, const std::wstring& key,
+                                      const std::wstring& file) {
+    return WritePrivateProfileStringA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), nullptr,
+                                      ToAnsi(file).c_str()) != FALSE;
+}
+
 bool WindowsProfileFiles::DeleteSection(const std::wstring& section, const std::wstring& file) {
     return WritePrivateProfileStringA(ToAnsi(section).c_str(), nullptr, nullptr, ToAnsi(file).c_str()) !=
            FALSE;

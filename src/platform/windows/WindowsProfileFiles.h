@@ -11,5 +11,6 @@ public:
                                       std::int32_t fallback, const std::wstring& file) const override;
     bool SetString(const std::wstring& section, const std::wstring& key, const std::wstring& value,
                    const std::wstring& file) override;
+    bool DeleteEntry(const std::wstring& section, const std::wstring& key, const std::wstring& file) override;
     bool DeleteSection(const std::wstring& section, const std::wstring& file) override;
 };

@@ -13,8 +13,16 @@ public:
                                                      const std::wstring& name) const override;
     bool Set(RegistryHive hive, const std::wstring& path, const std::wstring& name,
              const RegistryValue& value) override;
+    [[nodiscard]] std::vector<NamedRegistryValue> Values(RegistryHive hive,
+                                                         const std::wstring& path) const override;
+    bool DeleteValue(RegistryHive hive, const std::wstring& path, const std::wstring& name) override;
+    void DeleteKeyIfEmpty(RegistryHive hive, const std::wstring& path) override;
     bool DeleteKey(RegistryHive hive, const std::wstring& path) override;
 
 private:
+    [[nodiscard]] std::uint32_t View(RegistryHive hive) const {
+        return hive == RegistryHive::LocalMachine ? machineView_ : 0;
+    }
+
     std::uint32_t machineView_ = 0; ///< KEY_WOW64_..., or 0 for the program's own half
 };
