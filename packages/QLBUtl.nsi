@@ -19,6 +19,8 @@ SetCompressor /SOLID lzma
 !define DEMO_FILES "${ENTRY}\DemoFiles"
 !define UNINSTALLER "QLBUtl-uninstall.exe"
 !define ENVIRONMENT "SYSTEM\CurrentControlSet\Control\Session Manager\Environment"
+!define LAUNCHER_SETTINGS "${SETTINGS}\Launcher"
+!define RUN "Software\Microsoft\Windows\CurrentVersion\Run"
 
 ; Beyond NSIS' own 0 done, 1 cancelled, 2 failed.
 !define EXIT_IN_USE 3
@@ -81,10 +83,20 @@ VIFileVersion "${VERSION}.0"
 !macro CHECK_IN_USE un
 Function ${un}CheckInUse
     again:
-    StrCpy $1 "QLBUtl.exe"
+    ; The launcher ends when it is asked to.
+    FindWindow $0 "KORVOQLBCLASS" "QLBLauncher"
+    ${If} $0 <> 0
+        SendMessage $0 ${WM_CLOSE} 0 0 /TIMEOUT=5000
+        Sleep 500
+    ${EndIf}
+    StrCpy $1 "QLBLauncher.exe"
     Call ${un}OpenToWrite
     ${If} $0 == ""
         StrCpy $1 "qlb.exe"
+        Call ${un}OpenToWrite
+    ${EndIf}
+    ${If} $0 == ""
+        StrCpy $1 "QLBUtl.exe"
         Call ${un}OpenToWrite
     ${EndIf}
     ${If} $0 == ""
@@ -227,7 +239,7 @@ Function RemoveOldPlace
     ${OrIfNot} ${FileExists} "$0\${UNINSTALLER}"
         Return
     ${EndIf}
-    ExecWait '"$0\${UNINSTALLER}" /S _?=$0' $1
+    ExecWait '"$0\${UNINSTALLER}" /S /moving _?=$0' $1
     ${If} $1 == ${EXIT_IN_USE}
         MessageBox MB_OK|MB_ICONEXCLAMATION "$(InUse)" /SD IDOK
         SetErrorLevel ${EXIT_IN_USE}
@@ -368,6 +380,33 @@ Section /o "$(DemoName)" DemoSection
     ${EndIf}
 SectionEnd
 
+Section /o "$(LauncherName)" LauncherSection
+    SetShellVarContext all
+    SetOutPath $INSTDIR
+    File QLBLauncher.exe
+    StrCpy $0 "$SMPROGRAMS\$(LauncherTitle).lnk"
+    CreateShortCut $0 "$INSTDIR\QLBLauncher.exe"
+    WriteRegStr HKLM "${ENTRY}" "LauncherShortcut" $0
+SectionEnd
+
+Section /o "$(LogonName)" LogonSection
+    WriteRegStr HKCU "${RUN}" "QLBLauncher" '"$INSTDIR\QLBLauncher.exe" /s'
+SectionEnd
+
+Section "-WithoutLauncher"
+    ${IfNot} ${SectionIsSelected} ${LauncherSection}
+        Delete "$INSTDIR\QLBLauncher.exe"
+        ReadRegStr $0 HKLM "${ENTRY}" "LauncherShortcut"
+        ${If} $0 != ""
+            Delete $0
+            DeleteRegValue HKLM "${ENTRY}" "LauncherShortcut"
+        ${EndIf}
+    ${EndIf}
+    ${IfNot} ${SectionIsSelected} ${LogonSection}
+        DeleteRegValue HKCU "${RUN}" "QLBLauncher"
+    ${EndIf}
+SectionEnd
+
 Section "-WithoutDemo"
     ${IfNot} ${SectionIsSelected} ${DemoSection}
         Call RemoveDemo
@@ -387,7 +426,16 @@ SectionEnd
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
     !insertmacro MUI_DESCRIPTION_TEXT ${PathSection} "$(PathDescription)"
     !insertmacro MUI_DESCRIPTION_TEXT ${DemoSection} "$(DemoDescription)"
+    !insertmacro MUI_DESCRIPTION_TEXT ${LauncherSection} "$(LauncherDescription)"
+    !insertmacro MUI_DESCRIPTION_TEXT ${LogonSection} "$(LogonDescription)"
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+; The start with Windows needs the launcher.
+Function .onSelChange
+    ${If} ${SectionIsSelected} ${LogonSection}
+        !insertmacro SelectSection ${LauncherSection}
+    ${EndIf}
+FunctionEnd
 
 Function .onInit
     ${GetParameters} $0
@@ -425,6 +473,40 @@ Function .onInit
     ${OrIf} $2 != ""
         !insertmacro SelectSection ${PathSection}
     ${EndIf}
+    ; Likewise the launcher, and whether it starts with Windows.
+    ClearErrors
+    ${GetOptions} $0 "/launcher" $1
+    ${IfNot} ${Errors}
+    ${OrIf} ${FileExists} "$INSTDIR\QLBLauncher.exe"
+        !insertmacro SelectSection ${LauncherSection}
+    ${EndIf}
+    ReadRegStr $2 HKCU "${RUN}" "QLBLauncher"
+    ClearErrors
+    ${GetOptions} $0 "/logon" $1
+    ${IfNot} ${Errors}
+    ${OrIf} $2 != ""
+        !insertmacro SelectSection ${LauncherSection}
+        !insertmacro SelectSection ${LogonSection}
+    ${EndIf}
+FunctionEnd
+
+; What the launcher stored so that the settings open without the keyboard.
+Function un.TakeBackKeyboard
+    ReadRegDWORD $0 HKCU "${LAUNCHER_SETTINGS}" "StoredKeyboard"
+    ${If} $0 = 1
+        ReadRegDWORD $0 HKCU "${SETTINGS}" "QLBB"
+        ${If} $0 = 5
+            DeleteRegValue HKCU "${SETTINGS}" "QLBB"
+        ${EndIf}
+        ReadINIStr $0 "$WINDIR\KORVOQLB.INI" "KORVOQLB" "QLBKeyboard"
+        ${If} $0 == "5"
+            DeleteINIStr "$WINDIR\KORVOQLB.INI" "KORVOQLB" "QLBKeyboard"
+        ${EndIf}
+    ${EndIf}
+    DeleteRegValue HKCU "${LAUNCHER_SETTINGS}" "StoredKeyboard"
+    DeleteRegKey /ifempty HKCU "${LAUNCHER_SETTINGS}"
+    DeleteRegKey /ifempty HKCU "${SETTINGS}"
+    DeleteRegKey /ifempty HKCU "Software\Korvo"
 FunctionEnd
 
 Section "Uninstall"
@@ -432,6 +514,13 @@ Section "Uninstall"
     Call un.CheckInUse
 
     StrCpy $9 ""
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/moving" $1
+    ${If} ${Errors}
+        Call un.TakeBackKeyboard
+        DeleteRegValue HKCU "${RUN}" "QLBLauncher"
+    ${EndIf}
     ${GetParameters} $0
     ClearErrors
     ${GetOptions} $0 "/removesettings" $1
@@ -454,10 +543,15 @@ Section "Uninstall"
     ${If} $0 != ""
         Delete $0
     ${EndIf}
+    ReadRegStr $0 HKLM "${ENTRY}" "LauncherShortcut"
+    ${If} $0 != ""
+        Delete $0
+    ${EndIf}
     Call un.RemoveDemo
     Call un.RemoveFromPath
     Delete "$INSTDIR\QLBUtl.exe"
     Delete "$INSTDIR\qlb.exe"
+    Delete "$INSTDIR\QLBLauncher.exe"
     Delete "$INSTDIR\QLBUTL.CHM"
     SetOutPath $TEMP
     ${If} $EXEDIR != $INSTDIR

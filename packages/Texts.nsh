@@ -17,9 +17,22 @@
 !insertmacro TEXT DemoDescription \
     "To try the program without the keyboard. Settings that this computer has already stay as they are." \
     "キーボードがなくてもプログラムを試せます。すでにある設定は変更しません。"
+!insertmacro TEXT LauncherTitle "Quickfire Buttons${SUFFIX_ENGLISH}" "クイックファイアボタン${SUFFIX_JAPANESE}"
+!insertmacro TEXT LauncherName \
+    "Launcher" \
+    "ランチャー"
+!insertmacro TEXT LauncherDescription \
+    "Lets any keyboard press the buttons. Not needed where the keyboard's own launcher runs." \
+    "どのキーボードでもボタンを使えるようにします。キーボード付属のランチャーがある場合は不要です。"
+!insertmacro TEXT LogonName \
+    "Start the launcher with Windows" \
+    "ランチャーを Windows と同時に開始"
+!insertmacro TEXT LogonDescription \
+    "The launcher starts when you sign in. Its menu changes that later." \
+    "サインインするとランチャーが開始します。後でランチャーのメニューから変更できます。"
 !insertmacro TEXT Finished \
-    "You find it in the Start menu. It opens only with the keyboard or with the demo settings." \
-    "スタートメニューから開始できます。キーボードまたはデモ設定がある場合にのみ開きます。"
+    "You find it in the Start menu. It opens only with the keyboard, after the launcher's first start, or with the demo settings." \
+    "スタートメニューから開始できます。キーボードがある場合、ランチャーを一度開始した後、またはデモ設定がある場合にのみ開きます。"
 !insertmacro TEXT RemoveSettings \
     "Remove the button settings of the user $\"$8$\", too?$\n$\nThose of other users stay." \
     "ユーザー「$8」のボタン設定も削除しますか？$\n$\nほかのユーザーの設定は残ります。"

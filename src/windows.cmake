@@ -2,22 +2,30 @@ add_library(qlb_windows STATIC
     platform/windows/Ansi.cpp
     platform/windows/AutomationObject.cpp
     platform/windows/Com.cpp
+    platform/windows/DesktopShell.cpp
     platform/windows/JapaneseFont.cpp
+    platform/windows/ProgramFile.cpp
+    platform/windows/StarterFiles.cpp
     platform/windows/WindowsClock.cpp
     platform/windows/WindowsConsole.cpp
     platform/windows/WindowsDrives.cpp
     platform/windows/WindowsFileSystem.cpp
+    platform/windows/WindowsHotKeys.cpp
     platform/windows/WindowsInstalledFonts.cpp
     platform/windows/WindowsInstanceGuard.cpp
+    platform/windows/WindowsKeySender.cpp
+    platform/windows/WindowsLogonStart.cpp
     platform/windows/WindowsNameOrder.cpp
     platform/windows/WindowsPrintDevice.cpp
     platform/windows/WindowsProfileFiles.cpp
+    platform/windows/WindowsProgramStarter.cpp
     platform/windows/WindowsRegistry.cpp
     platform/windows/WindowsShell.cpp
     platform/windows/WindowsShellIcons.cpp
     platform/windows/WindowsStringSource.cpp
     platform/windows/WindowsTextCase.cpp
     platform/windows/WindowsTopLevelWindows.cpp
+    platform/windows/WindowsTrayIcon.cpp
     platform/windows/WindowsWholeFiles.cpp)
 target_include_directories(qlb_windows PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 user32)
@@ -58,28 +66,41 @@ add_library(qlb_register STATIC
     dialogs/wizard/frmWizardControls.cpp)
 target_link_libraries(qlb_register PRIVATE qlb_warnings PUBLIC qlb_browse)
 
-# Version.rc and the manifest say the project's version and the program's own titles.
-set(qlb_string_table ${CMAKE_CURRENT_SOURCE_DIR}/resources/StringTable.inc)
-file(STRINGS ${qlb_string_table} qlb_title REGEX "^QLB_STRING\\(3000," ENCODING UTF-8)
-if(NOT qlb_title MATCHES "\"([^\"]+)\", \"([^\"]+)\"")
-    message(FATAL_ERROR "No titles in ${qlb_string_table}")
-endif()
-set(QLB_TITLE_ENGLISH "${CMAKE_MATCH_1}")
-set(QLB_TITLE_JAPANESE "${CMAKE_MATCH_2}")
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${qlb_string_table})
+# Version resources and manifests say the project's version and the programs' own titles.
+function(qlb_titles table id prefix)
+    set(file ${CMAKE_CURRENT_SOURCE_DIR}/resources/${table})
+    file(STRINGS ${file} line REGEX "^QLB_STRING\\(${id}," ENCODING UTF-8)
+    if(NOT line MATCHES "\"([^\"]+)\", \"([^\"]+)\"")
+        message(FATAL_ERROR "No titles in ${file}")
+    endif()
+    set(${prefix}_ENGLISH "${CMAKE_MATCH_1}" PARENT_SCOPE)
+    set(${prefix}_JAPANESE "${CMAKE_MATCH_2}" PARENT_SCOPE)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+endfunction()
 set(qlb_generated ${CMAKE_CURRENT_BINARY_DIR}/resources)
+qlb_titles(StringTable.inc 3000 QLB_TITLE)
+set(QLB_PROGRAM QLBUtl)
+qlb_titles(StringTable.inc 3000 QLB_DESCRIPTION)
 configure_file(resources/Version.rc.in ${qlb_generated}/Version.rc @ONLY)
 configure_file(resources/QLBUtl.manifest.in ${qlb_generated}/QLBUtl.manifest @ONLY)
+set(QLB_PROGRAM QLBLauncher)
+qlb_titles(LauncherTexts.inc 5000 QLB_DESCRIPTION)
+configure_file(resources/Version.rc.in ${qlb_generated}/LauncherVersion.rc @ONLY)
+configure_file(resources/QLBUtl.manifest.in ${qlb_generated}/QLBLauncher.manifest @ONLY)
 
 # Gives a program these resources: texts, dialogs, pictures, version, manifest.
 function(qlb_add_resources target)
+    set(script QLBUtl.rc)
+    if(ARGC GREATER 1)
+        set(script ${ARGV1})
+    endif()
     set(folder ${PROJECT_SOURCE_DIR}/src/resources)
     set(generated ${PROJECT_BINARY_DIR}/src/resources)
-    file(GLOB pictures CONFIGURE_DEPENDS ${folder}/pictures/*.bmp)
-    target_sources(${target} PRIVATE ${folder}/QLBUtl.rc)
-    set_source_files_properties(${folder}/QLBUtl.rc PROPERTIES
+    file(GLOB parts CONFIGURE_DEPENDS ${folder}/pictures/*.bmp ${folder}/*.inc ${generated}/*)
+    target_sources(${target} PRIVATE ${folder}/${script})
+    set_source_files_properties(${folder}/${script} PROPERTIES
         COMPILE_OPTIONS "-c65001;-I${generated}"
-        OBJECT_DEPENDS "${folder}/StringTable.inc;${folder}/OwnTexts.inc;${folder}/resource.h;${folder}/QLBUtl.ico;${generated}/Version.rc;${generated}/QLBUtl.manifest;${pictures}")
+        OBJECT_DEPENDS "${folder}/Forms.rc;${folder}/resource.h;${folder}/QLBUtl.ico;${parts}")
 endfunction()
 
 add_executable(QLBUtl WIN32
@@ -98,3 +119,16 @@ qlb_add_resources(QLBUtl)
 target_link_options(QLBUtl PRIVATE -municode)
 target_link_libraries(QLBUtl PRIVATE qlb_register qlb_warnings)
 set_target_properties(QLBUtl PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+add_executable(QLBLauncher WIN32
+    app/RuntimeFailure.cpp
+    app/StackGuard.cpp
+    launcher/LauncherWindow.cpp
+    launcher/Main.cpp
+    launcher/OnScreenWindow.cpp
+    launcher/frmKeys.cpp)
+qlb_add_resources(QLBLauncher QLBLauncher.rc)
+target_compile_definitions(QLBLauncher PRIVATE QLB_VERSION=L"${PROJECT_VERSION}")
+target_link_options(QLBLauncher PRIVATE -municode)
+target_link_libraries(QLBLauncher PRIVATE qlb_ui qlb_warnings oleaut32 shell32)
+set_target_properties(QLBLauncher PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

@@ -13,15 +13,6 @@ namespace {
 constexpr std::size_t kOptionLength = 4; ///< "/t:" or "/w:" and one digit
 constexpr int kPages = 3;
 
-bool HasKeyboard(const RegIniFunc& store) {
-    const auto isNone = [](const std::wstring& text) { return text == L"0" || text == L" 0"; };
-    std::wstring keyboard = store.IniGetString(kProgramSection, L"QLBKeyboard", L"0", store.OwnIniFile());
-    if (isNone(keyboard)) {
-        keyboard = DecimalText(store.RegGetDword(RegistryHive::LocalMachine, kProductKey, L"QLBB"));
-    }
-    return !isNone(keyboard);
-}
-
 /// The digit of a line such as "/t:1"; nothing when the line is not of that form, -1 when the digit is not
 /// one of 0...count-1.
 std::optional<int> OptionDigit(const std::wstring& line, std::wstring_view option, int count) {
@@ -32,6 +23,15 @@ std::optional<int> OptionDigit(const std::wstring& line, std::wstring_view optio
 }
 
 } // namespace
+
+bool HasKeyboard(const RegIniFunc& store) {
+    const auto isNone = [](const std::wstring& text) { return text == L"0" || text == L" 0"; };
+    std::wstring keyboard = store.IniGetString(kProgramSection, L"QLBKeyboard", L"0", store.OwnIniFile());
+    if (isNone(keyboard)) {
+        keyboard = DecimalText(store.RegGetDword(RegistryHive::LocalMachine, kProductKey, L"QLBB"));
+    }
+    return !isNone(keyboard);
+}
 
 bool StartUp::ParseCommandLine(std::wstring_view commandLine, RegIniFunc& store, InstanceGuard& guard,
                                TopLevelWindows& windows, const StringTable& texts) {

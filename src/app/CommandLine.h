@@ -8,6 +8,9 @@
 class RegIniFunc;
 class StringTable;
 
+/// Whether the user's settings, or else the maker's, say that there is a keyboard with buttons.
+[[nodiscard]] bool HasKeyboard(const RegIniFunc& store);
+
 /// What the program was started for. Its command line is "/k", "/t:" + page, or "/w:" + button, the last with
 /// or without "/ap" behind it.
 class StartUp {

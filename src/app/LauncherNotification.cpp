@@ -1,16 +1,12 @@
 #include "app/LauncherNotification.h"
 
 #include "app/CommandLine.h"
+#include "app/LauncherContract.h"
 
 namespace {
 
-constexpr const wchar_t* kLauncherClass = L"KORVOQLBCLASS";
 constexpr const wchar_t* kVistacastClass = L"Korvo Vistacast MainWnd Class";
-constexpr std::uint32_t kSettingsChanged = 1336;
-constexpr std::uint32_t kButtonRequest = 1332;
 constexpr std::uintptr_t kReload = 1;
-constexpr std::uintptr_t kEighthButton = 84;
-constexpr std::uintptr_t kFirstButton = 104;
 constexpr int kEighthButtonIndex = 7;
 
 // The receiver ignores lParam, but its contract names an address that is valid here.
@@ -23,13 +19,13 @@ bool LauncherNotification::NotifyLauncher() {
     const WindowId launcher = windows_.Find(kLauncherClass, std::nullopt);
     const WindowId vistacast = windows_.Find(kVistacastClass, std::nullopt);
     if (vistacast != 0) {
-        windows_.Post(vistacast, kSettingsChanged, kReload, &kZero);
+        windows_.Post(vistacast, kSettingsChangedMessage, kReload, &kZero);
     }
     if (launcher == 0) {
         return false;
     }
     // No answer changes nothing for us: the settings are stored, and the launcher reads them when it starts.
-    windows_.Send(launcher, kSettingsChanged, kReload, &kZero);
+    windows_.Send(launcher, kSettingsChangedMessage, kReload, &kZero);
     return true;
 }
 
@@ -42,8 +38,9 @@ bool LauncherNotification::PostButton(int index) {
     if (launcher == 0) {
         return false;
     }
-    const std::uintptr_t button =
-        index == kEighthButtonIndex ? kEighthButton : kFirstButton + static_cast<std::uintptr_t>(index);
-    windows_.Post(launcher, kButtonRequest, button, &kOne);
+    const std::uintptr_t button = index == kEighthButtonIndex
+                                      ? kEighthButtonRequest
+                                      : kFirstButtonRequest + static_cast<std::uintptr_t>(index);
+    windows_.Post(launcher, kButtonRequestMessage, button, &kOne);
     return true;
 }

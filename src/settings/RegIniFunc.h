@@ -16,6 +16,8 @@ inline constexpr const wchar_t* kProductKey = L"Software\\Korvo\\KORVOQLB";
 inline constexpr const wchar_t* kUtilityKey = L"Software\\Korvo\\KORVOQLB\\UTLSetting";
 /// The maker's defaults, under HKEY_LOCAL_MACHINE.
 inline constexpr const wchar_t* kDefaultKey = L"Software\\Korvo\\KORVOQLB\\Default";
+/// What our own launcher keeps for itself, under HKEY_CURRENT_USER.
+inline constexpr const wchar_t* kLauncherKey = L"Software\\Korvo\\KORVOQLB\\Launcher";
 
 /// Section of the program's own numbers in the ini-style layer.
 inline constexpr const wchar_t* kProgramSection = L"KORVOQLB";

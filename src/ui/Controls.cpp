@@ -43,7 +43,7 @@ void SetTextIfOther(HWND window, const std::wstring& text) {
 }
 
 bool HasOwnHeight(std::wstring_view windowClass) {
-    return windowClass == WC_EDITW || windowClass == WC_COMBOBOXW;
+    return windowClass == WC_EDITW || windowClass == WC_COMBOBOXW || windowClass == HOTKEY_CLASSW;
 }
 
 void PlaceInRow(HWND control, const RECT& row) {
@@ -55,7 +55,7 @@ void PlaceInRow(HWND control, const RECT& row) {
                      SWP_NOZORDER | SWP_NOACTIVATE | flags);
     };
     const auto centred = [&](int height) { return row.top + (rowHeight - height) / 2; };
-    if (name == WC_EDITW) {
+    if (name == WC_EDITW || name == HOTKEY_CLASSW) {
         const int height = BoxHeight(control);
         place(centred(height), height);
     } else if (name == WC_COMBOBOXW) {

@@ -10,7 +10,7 @@ void SetTextOf(HWND window, const std::wstring& text);
 /// Without flicker, and without telling screen readers of no change.
 void SetTextIfOther(HWND window, const std::wstring& text);
 
-/// Whether a control of this class is as high as its font wants: a box for text, a combo box.
+/// Whether a control of this class is as high as its font wants: a box for text or a key, a combo box.
 [[nodiscard]] bool HasOwnHeight(std::wstring_view windowClass);
 /// Brings a control to its row of a form. One with a height of its own stands on the row's centre line, any
 /// other fills the row.

@@ -12,6 +12,7 @@ public:
     explicit FakeStrings(Language language = Language::English) {
         const bool japanese = language == Language::Japanese;
 #define QLB_STRING(id, english, japaneseText) texts_[id] = japanese ? L##japaneseText : L##english;
+#include "resources/LauncherTexts.inc"
 #include "resources/OwnTexts.inc"
 #include "resources/StringTable.inc"
 #undef QLB_STRING

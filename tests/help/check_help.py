@@ -36,7 +36,7 @@ def problem(text):
 
 def string_table(language):
     """The program's texts, by id."""
-    files = [ROOT / "src" / "resources" / name for name in ("StringTable.inc", "OwnTexts.inc")]
+    files = [ROOT / "src" / "resources" / name for name in ("StringTable.inc", "OwnTexts.inc", "LauncherTexts.inc")]
     source = "".join(file.read_text(encoding="utf-8") for file in files)
     rows = re.findall(r'^QLB_STRING\((\d+), "((?:[^"\\]|\\.)*)", "((?:[^"\\]|\\.)*)"\)$', source, re.M)
     column = {"en": 1, "ja": 2}[language]
@@ -181,7 +181,7 @@ def plain_words(texts):
     """What the dialogs show, without access keys; with and without the dots of a command."""
     words = set()
     for text in texts.values():
-        plain = re.sub(r"\(&.\)", "", text)
+        plain = re.sub(r"\(&.\)|&(?=\w)", "", text)
         words.update({plain, plain.strip(), plain.rstrip(".")})
     return words - {""}
 

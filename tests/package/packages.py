@@ -84,7 +84,7 @@ class Zip(unittest.TestCase):
         self.assertEqual({path.split("/")[0] for path in came}, {f"QLBUtl-{VERSION}-x64"})
 
     def test_holds_the_same_for_both_machines(self):
-        wanted = {"QLBUtl.exe", "qlb.exe", "README.txt", "demo/QLBUtl-remove.reg"}
+        wanted = {"QLBUtl.exe", "QLBLauncher.exe", "qlb.exe", "README.txt", "demo/QLBUtl-remove.reg"}
         for name in ("QLBUTL.CHM", "QLBCODE.DAT", "QLBMCMNU.DAT"):
             wanted |= {name, "ja/" + name}
         for language in ("en", "ja"):
@@ -348,6 +348,30 @@ class Installer(unittest.TestCase):
         self.assertEqual(path(), before)
         self.check_nothing_left()
 
+    def test_the_launcher_comes_when_it_is_asked_for_and_takes_back_what_it_stored(self):
+        run_key = "HKEY_CURRENT_USER\\Software\\Microsoft\\Windows\\CurrentVersion\\Run"
+        self.assertEqual(self.install("/logon"), 0)
+        self.assertEqual(sorted(os.listdir(wine.unix_path(FOLDER))), sorted([*FILES, "QLBLauncher.exe"]))
+        self.assertEqual(self.shortcuts(), sorted([ENGLISH + ".lnk", "Quickfire Buttons.lnk"]))
+        self.assertEqual(wine.text(wine.registry(run_key)[run_key, "QLBLauncher"]),
+                         f'"{FOLDER}\\QLBLauncher.exe" /s')
+
+        # The settings open after its first start; an update ends it, and keeps what was chosen.
+        wine.run("start", f"{FOLDER}\\QLBLauncher.exe")
+        user = f"HKEY_CURRENT_USER\\{SETTINGS}"
+        self.assertTrue(wine.wait_for(lambda: settings("HKCU").get((user, "QLBB")) == "dword:00000005"))
+        self.assertTrue(self.start_from_menu(ENGLISH))
+        self.assertTrue(wine.close_program())
+        self.assertEqual(self.install(), 0)
+        self.assertTrue(os.path.exists(wine.unix_path(FOLDER + "\\QLBLauncher.exe")))
+        self.assertIn((run_key, "QLBLauncher"), wine.registry(run_key))
+        self.uninstall()
+        self.assertEqual(settings("HKCU"), {})
+        self.assertNotIn((run_key, "QLBLauncher"), wine.registry(run_key))
+        shutil.rmtree(wine.unix_path("C:\\users\\" + os.environ.get("USER", "root") + "\\AppData\\Local\\QLBUtl"),
+                      ignore_errors=True)
+        self.check_nothing_left()
+
     def test_moves_to_another_folder_and_leaves_files_of_others(self):
         self.assertEqual(self.install(), 0)
         other = "C:\\Other Place\\QLB"
@@ -398,8 +422,8 @@ class Bytes(unittest.TestCase):
         for machine in ("x64", "x86"):
             program = os.path.join(wine.PREFIX, machine, "QLBUtl.exe")
             os.makedirs(os.path.dirname(program))
-            # A copy has another place and another time.
-            for name in ("QLBUtl.exe", "qlb.exe"):
+            # Copies have another place and another time.
+            for name in ("QLBUtl.exe", "QLBLauncher.exe", "qlb.exe"):
                 shutil.copyfile(f"{wine.ROOT}/build/windows-{machine}/{name}",
                                 os.path.join(os.path.dirname(program), name))
             subprocess.run([f"{wine.ROOT}/packages/pack", "--program", program, "--help-files", HELP,

@@ -9,6 +9,7 @@ namespace {
 std::map<int, std::wstring> LoadTexts(bool japaneseTexts) {
     std::map<int, std::wstring> texts;
 #define QLB_STRING(id, english, japanese) texts[id] = japaneseTexts ? L##japanese : L##english;
+#include "resources/LauncherTexts.inc"
 #include "resources/OwnTexts.inc"
 #include "resources/StringTable.inc"
 #undef QLB_STRING

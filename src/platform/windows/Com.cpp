@@ -23,9 +23,9 @@ ComApartment::~ComApartment() {
     }
 }
 
-HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object) {
+HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object, DWORD context) {
     static const auto kCreate = OleProcedure<decltype(CoCreateInstance)>("CoCreateInstance");
-    return kCreate == nullptr ? E_FAIL : kCreate(classId, nullptr, CLSCTX_INPROC_SERVER, interfaceId, object);
+    return kCreate == nullptr ? E_FAIL : kCreate(classId, nullptr, context, interfaceId, object);
 }
 
 void FreeComMemory(void* memory) {

@@ -21,14 +21,16 @@ private:
     bool entered_;
 };
 
-/// CoCreateInstance.
-[[nodiscard]] HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object);
+/// CoCreateInstance, of an object in this process or, where `context` says so, another one.
+[[nodiscard]] HRESULT CreateComInstance(const CLSID& classId, const IID& interfaceId, void** object,
+                                        DWORD context = CLSCTX_INPROC_SERVER);
 
 /// An object of the class; null when it is missing, or lacks the interface.
 template <class Interface>
-[[nodiscard]] ComObject<Interface> CreateComObject(const CLSID& classId, const IID& interfaceId) {
+[[nodiscard]] ComObject<Interface> CreateComObject(const CLSID& classId, const IID& interfaceId,
+                                                   DWORD context = CLSCTX_INPROC_SERVER) {
     void* object = nullptr;
-    return ComObject<Interface>(SUCCEEDED(CreateComInstance(classId, interfaceId, &object))
+    return ComObject<Interface>(SUCCEEDED(CreateComInstance(classId, interfaceId, &object, context))
                                     ? static_cast<Interface*>(object)
                                     : nullptr);
 }

@@ -4,7 +4,7 @@ bool WindowsInstanceGuard::AnotherInstanceRuns() {
     if (mutex_) {
         return another_; // the name is there now, but it is our own
     }
-    const HANDLE mutex = CreateMutexW(nullptr, FALSE, L"Local\\QLBUtl.Instance");
+    const HANDLE mutex = CreateMutexW(nullptr, FALSE, name_);
     const DWORD error = GetLastError();
     mutex_.reset(mutex);
     // Denied: an elevated instance has the name.

@@ -3,6 +3,7 @@
 #include "platform/windows/Ansi.h"
 #include "platform/windows/AutomationObject.h"
 #include "platform/windows/Com.h"
+#include "platform/windows/ProgramFile.h"
 #include "platform/windows/SystemLibrary.h"
 
 #include <windows.h>
@@ -15,15 +16,7 @@
 #include <cstdint>
 
 std::wstring WindowsShell::ProgramDirectory() const {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            break;
-        }
-        path.resize(path.size() * 2);
-    }
+    const std::wstring path = ProgramFile();
     const std::size_t separator = path.rfind(L'\\');
     if (separator == std::wstring::npos) {
         return {};

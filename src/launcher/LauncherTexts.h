@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/StringTable.h"
+
+/// Offsets of the launcher's texts, behind the settings program's (app/StringTable.h).
+enum LauncherTextOffset : int {
+    kTextLauncherTitle = 2000,
+    kTextKeyMail = 2001,
+    kTextKeyHome = 2002,
+    kTextKeyMedia = 2003,
+    kTextKeyApplication1 = 2004,
+    kTextKeyApplication2 = 2005,
+    kTextKeySearch = 2006,
+    kTextKeyFavorites = 2007,
+    kTextKeyNone = 2008,
+    kTextMenuSettings = 2010,
+    kTextMenuKeys = 2011,
+    kTextMenuStartWithWindows = 2012,
+    kTextMenuAbout = 2013,
+    kTextMenuExit = 2014,
+    kTextMenuBackups = 2015,
+    kTextMenuBackUpNow = 2016,
+    kTextMenuBackupFolder = 2017,
+    kTextAlreadyRunning = 2020,
+    kTextOtherLauncher = 2021,
+    kTextAbout = 2022,
+    kTextNotStarted = 2023,
+    kTextNotPressed = 2024,
+    kTextKeysTaken = 2025,
+    kTextRefused = 2026,
+    kTextRestoreQuestion = 2027,
+    kTextNoBackup = 2028,
+    kTextKeysTitle = 2030,
+    kTextKeysLaunchKey = 2031,
+    kTextKeysCombination = 2032,
+    kTextKeysDefault = 2033,
+    kTextKeyTwice = 2034,
+    kTextKeyTaken = 2035,
+    kTextKeyForTyping = 2036,
+    kTextKeysHint = 2037,
+    kTextKeysOk = 2038,
+    kTextKeysCancel = 2039,
+};
