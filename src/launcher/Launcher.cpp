@@ -1,10 +1,10 @@
 #include "launcher/Launcher.h"
 
 #include "app/CommandLine.h"
-#include "browse/Paths.h"
 #include "app/LauncherContract.h"
 #include "app/LauncherNotification.h"
 #include "app/SingleInstance.h"
+#include "browse/Paths.h"
 #include "dialogs/main/ButtonLabels.h"
 #include "dialogs/main/EnumFont.h"
 #include "launcher/KeyCodes.h"
