@@ -28,7 +28,7 @@ add_library(qlb_windows STATIC
     platform/windows/WindowsTrayIcon.cpp
     platform/windows/WindowsWholeFiles.cpp)
 target_include_directories(qlb_windows PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 gdi32 user32)
+target_link_libraries(qlb_windows PRIVATE qlb_warnings PUBLIC advapi32 comctl32 gdi32 user32)
 
 # What every form shares.
 add_library(qlb_ui STATIC

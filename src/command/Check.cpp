@@ -1,6 +1,7 @@
 #include "browse/Paths.h"
 #include "command/Command.h"
 #include "exchange/Checking.h"
+#include "platform/FileSystem.h"
 #include "platform/Shell.h"
 #include "platform/WholeFiles.h"
 
@@ -17,8 +18,14 @@ int RunCheck(Command& command, const Arguments& /*arguments*/) {
     for (const Choice& choice : command.Patterns()) {
         patterns.push_back({choice, view.Load(choice.number)});
     }
-    add(CheckPrograms(patterns, view.Buttons(),
-                      [&](const std::wstring& path) { return command.system.files.Exists(path); }));
+    add(CheckPrograms(patterns, view.Buttons(), [&](const std::wstring& path) {
+        if (!command.system.files.Exists(path)) {
+            return PathKind::Missing;
+        }
+        const std::uint32_t attributes = command.system.dataFiles.Attributes(path);
+        return attributes != kAttributesUnknown && (attributes & kAttributeDirectory) != 0 ? PathKind::Folder
+                                                                                           : PathKind::File;
+    }));
     add(CheckPlaces(view.Buttons(), [&](int button) { return view.StorageSlot(button); }));
     for (const wchar_t* const name : {L"QLBCODE.DAT", L"QLBMCMNU.DAT"}) {
         add(CheckDataFile(command.system.dataFiles, command.system.ansiText,

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <utility>
@@ -95,6 +96,10 @@ public:
         isHelp = arguments.empty();
         if (isHelp) {
             told = FromUtf8(app_.help());
+            return nullptr;
+        }
+        if (std::ranges::find(arguments, L"") != arguments.end()) {
+            told = Said(tongue_, Say::kUsageWrong, {L"qlb"}); // a script's variable that is not set
             return nullptr;
         }
         try {

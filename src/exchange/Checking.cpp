@@ -116,17 +116,17 @@ bool IsOnDrive(const std::wstring& path) {
 }
 
 /// The system, too, looks for the end of a program's name at each blank.
-bool StartsAnything(const std::wstring& command, const std::function<bool(const std::wstring&)>& exists) {
+bool StartsAnything(const std::wstring& command, const PathQuestion& kindOf) {
     for (std::size_t end = command.find(L' '); end != std::wstring::npos; end = command.find(L' ', end + 1)) {
-        if (exists(command.substr(0, end))) {
+        if (kindOf(command.substr(0, end)) == PathKind::File) {
             return true;
         }
     }
-    return exists(command);
+    return kindOf(command) != PathKind::Missing;
 }
 
 void CheckButton(const CheckedPattern& checked, int button, std::vector<Finding>& findings,
-                 const std::function<bool(const std::wstring&)>& exists) {
+                 const PathQuestion& kindOf) {
     const ButtonSlot& slot = checked.pattern.Btn(button);
     const std::wstring pattern = checked.choice.name;
     const std::wstring number = DecimalText(button);
@@ -146,7 +146,7 @@ void CheckButton(const CheckedPattern& checked, int button, std::vector<Finding>
             findings.push_back({Say::kCheckNoProgram, {pattern, number, DecimalText(k)}});
         } else if (path.find(L'?') != std::wstring::npos && IsOnDrive(path)) {
             findings.push_back({Say::kCheckQuestionMark, {pattern, number, path}});
-        } else if (IsOnDrive(path) && !StartsAnything(path, exists)) {
+        } else if (IsOnDrive(path) && !StartsAnything(path, kindOf)) {
             findings.push_back({Say::kCheckGone, {pattern, number, path}});
         }
     }
@@ -159,12 +159,11 @@ std::vector<Finding> CheckEntries(const StoredSettings& store) {
 }
 
 std::vector<Finding> CheckPrograms(const std::vector<CheckedPattern>& patterns,
-                                   const std::vector<int>& buttons,
-                                   const std::function<bool(const std::wstring&)>& exists) {
+                                   const std::vector<int>& buttons, const PathQuestion& kindOf) {
     std::vector<Finding> findings;
     for (const CheckedPattern& pattern : patterns) {
         for (const int button : buttons) {
-            CheckButton(pattern, button, findings, exists);
+            CheckButton(pattern, button, findings, kindOf);
         }
     }
     return findings;

@@ -16,6 +16,9 @@ class StoredSettings;
 /// that the code page can't keep.
 [[nodiscard]] std::vector<Finding> CheckEntries(const StoredSettings& store);
 
+enum class PathKind { Missing, File, Folder };
+using PathQuestion = std::function<PathKind(const std::wstring&)>;
+
 /// A Pattern as it is shown.
 struct CheckedPattern {
     Choice choice;
@@ -24,8 +27,7 @@ struct CheckedPattern {
 /// Programs, folders and shortcuts that are gone, and counts and methods that fit nothing. Asked for are full paths on
 /// drives with a letter; names without a folder and addresses are left alone, and so is the network.
 [[nodiscard]] std::vector<Finding> CheckPrograms(const std::vector<CheckedPattern>& patterns,
-                                                 const std::vector<int>& buttons,
-                                                 const std::function<bool(const std::wstring&)>& exists);
+                                                 const std::vector<int>& buttons, const PathQuestion& kindOf);
 
 /// `slotOf`: where a button is stored.
 [[nodiscard]] std::vector<Finding> CheckPlaces(const std::vector<int>& buttons,

@@ -62,6 +62,15 @@ TEST_F(Checking, FindsProgramsFoldersAndShortcutsThatAreGone) {
     }
 }
 
+TEST_F(Checking, AFolderThatOnlyBeginsACommandIsNoProgram) {
+    wholeFiles.Put(L"C:\\Program Files", "");
+    dataFiles.AddFolder(L"C:\\Program Files");
+    PutUser(L"Setting\\Set1\\AppKey1", L"AP1", "C:\\Program Files (x86)\\gone.exe");
+    EXPECT_THAT(Told(), HasSubstr(" is not there\r\n"));
+    PutUser(L"Setting\\Set1\\AppKey1", L"AP1", "C:\\Program Files");
+    EXPECT_EQ(Told(), "");
+}
+
 TEST_F(Checking, FindsAProgramThatCountsButIsEmpty) {
     PutUser(L"Setting\\Set1\\AppKey1", L"NumAP", 3);
     EXPECT_THAT(Told(), HasSubstr("Home, button 1: program 3 counts, but is empty\r\n"));

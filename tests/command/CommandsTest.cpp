@@ -207,6 +207,7 @@ TEST_F(Commands, RestoreBringsTheNewestBackupAFileOrANumberedOne) {
     EXPECT_EQ(Stored().Read(), first);
     EXPECT_EQ(Qlb({L"restore", path}), kExitDone);
     EXPECT_THAT(Error(), HasSubstr("already"));
+    EXPECT_EQ(Qlb({L"restore", L""}), kExitUsage);
     EXPECT_EQ(Qlb({L"restore", L"9"}), kExitUsage);
     EXPECT_EQ(Qlb({L"restore", L"C:\\none.qlb"}), kExitFile);
     wholeFiles.Put(L"1", "");
