@@ -152,7 +152,7 @@ public:
                 [&](Form& owner) { frmWizard(&owner, platform_, store_, texts_, defaults).ShowModal(); });
         Compare("open the printing form", 0, [this](Form& owner) {
             PrintingForm form(owner, texts_);
-            form.ShowWhile([&] {
+            form.PrintWhile([&] {
                 while (form.GoOn()) {
                 }
             });

@@ -5,7 +5,7 @@
 
 int CompareIgnoreCase(std::wstring_view a, std::wstring_view b) {
     static const std::locale kUnicode("C.UTF-8");
-    const auto fold = [](wchar_t c) { return std::tolower(c, kUnicode); };
+    const auto fold = [](wchar_t c) { return std::toupper(c, kUnicode); };
     const auto less = [&](wchar_t one, wchar_t other) { return fold(one) < fold(other); };
     if (std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), less)) {
         return -1;
