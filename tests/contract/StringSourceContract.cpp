@@ -60,7 +60,8 @@ TEST(WindowsStringSourceTest, EveryTextIsThatOfTheStringTable) {
     const FakeStrings table(Expected());
     const WindowsStringSource windows;
     int texts = 0;
-    for (int id = 1; id < 65'536; ++id) {
+    constexpr int kLaunchersTexts = 5000; // in a program of its own
+    for (int id = 1; id < kLaunchersTexts; ++id) {
         const std::wstring expected = table.Load(id);
         ASSERT_EQ(windows.Load(id), expected) << "id " << id;
         texts += expected.empty() ? 0 : 1;

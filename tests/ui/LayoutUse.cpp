@@ -102,8 +102,7 @@ void ExpectGoodLayout(const UiDriver::Window& form, UINT dpi) {
     const std::vector<Shown> all = LookWhenStill(form);
     ASSERT_FALSE(all.empty());
     const bool scrolls = (GetWindowLongW(form.Hwnd(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL)) != 0;
-    EXPECT_TRUE(!scrolls || dpi > 2 * USER_DEFAULT_SCREEN_DPI)
-        << "up to 200 % each form fits the tests' screen";
+    EXPECT_TRUE(!scrolls || dpi > 144) << "up to 150 % each form fits the tests' screen";
     const RECT view = form.ClientRect();
     std::vector<Shown> leaves;
     for (const Shown& control : all) {
