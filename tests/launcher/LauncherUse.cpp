@@ -163,7 +163,9 @@ UiDriver::Window LauncherUse::AwaitProbeWindow(const std::wstring& parameters) {
     UiDriver::WindowQuery query;
     query.className = L"QLBProbe";
     query.title = parameters;
-    return UiDriver::WaitForWindow(query);
+    // On a busy machine each program of a sequence may have its 20 s.
+    constexpr UiDriver::Milliseconds kLongestSequence{110'000};
+    return UiDriver::WaitForWindow(query, kLongestSequence);
 }
 
 void LauncherUse::CloseProbes() {
